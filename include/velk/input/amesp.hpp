@@ -1,0 +1,9 @@
+// The whole public interface: read, check, edit and write AMESP input files.
+#pragma once
+
+#include <velk/input/amesp/document.hpp>
+#include <velk/input/amesp/editor.hpp>
+#include <velk/input/amesp/parser.hpp>
+#include <velk/input/amesp/schema.hpp>
+#include <velk/input/amesp/schema_tables.hpp>
+#include <velk/input/amesp/validation.hpp>

@@ -1,0 +1,86 @@
+// Changes a document and writes it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <velk/input/amesp/document.hpp>
+#include <velk/input/amesp/export.hpp>
+#include <velk/input/amesp/schema.hpp>
+#include <velk/input/amesp/validation.hpp>
+
+namespace velk::input::amesp {
+
+// Owns a document and shares a schema. One thread at a time may use an editor; its const operations may run
+// concurrently with each other.
+//
+// Names are stored as the schema spells them, values trimmed, `known` flags brought up to date; what is updated keeps
+// its place, its location and every field not named, what is added goes to the end of its list and has no location.
+// Unknown names are no error. Arguments may refer to the editor's own document. Operations throw nothing but
+// std::bad_alloc (and what `write_file` names); an append that fails leaves its list as it was.
+//
+// Setters find the record to update by its stored name (`AIPData::find_directive` and its like); removers compare
+// what the schema makes of both names, and so also catch records stored under an alias.
+class AIPEditor {
+public:
+    // Takes the document as it is: nothing is normalised until an edit touches it.
+    VELK_AMESP_INP_EXPORT AIPEditor(AIPData data, const InputSchema& schema);
+    VELK_AMESP_INP_EXPORT void set_data(AIPData data);
+
+    // Valid as long as the editor; what they show changes with every edit.
+    const AIPData& data() const noexcept { return data_; }
+    const InputSchema& schema() const noexcept { return schema_; }
+
+    // Normalised records that are not yet in the document. A section is empty and terminated; its arguments are kept
+    // as given. A blank token gives a record with empty text.
+    VELK_AMESP_INP_EXPORT MethodToken make_method_token(std::string token) const;
+    VELK_AMESP_INP_EXPORT Section make_section(std::string name, std::vector<std::string> arguments) const;
+
+    // What `InputSchema::validate` finds in the document.
+    VELK_AMESP_INP_EXPORT std::vector<ValidationIssue> validate() const;
+
+    // The document as AMESP input text: header comments, directives, one method line, the sections, preserved lines;
+    // canonical names, coordinates with 10 decimals, every section closed by "end". Line feeds only, exactly one at
+    // the end. The same document and schema always give the same bytes. Validates nothing.
+    VELK_AMESP_INP_EXPORT std::string render() const;
+    // Renders and replaces the file at `path` atomically. Throws std::runtime_error, beginning "failed to write AMESP
+    // input file '", when that fails; the file is then as it was.
+    VELK_AMESP_INP_EXPORT void write_file(const std::string& path) const;
+
+    // Updates the first directive of that name or appends one. An empty value is stored as such.
+    VELK_AMESP_INP_EXPORT void set_directive(std::string name, std::string value);
+    // Removes every directive of that name; says whether there was one.
+    VELK_AMESP_INP_EXPORT bool remove_directive(std::string_view name);
+
+    // Appends a token, also one that is there already; a blank one is ignored.
+    VELK_AMESP_INP_EXPORT void add_method_token(std::string token);
+    // Removes every token that the schema spells like `token`; says whether there was one.
+    VELK_AMESP_INP_EXPORT bool remove_method_token(std::string_view token);
+    // Replaces all tokens; blank ones are skipped. A failure leaves the tokens appended so far.
+    VELK_AMESP_INP_EXPORT void set_method_tokens(const std::vector<std::string>& tokens);
+
+    // Refreshes the first section of that name or appends an empty one. Arguments replace the old ones, except that an
+    // empty list keeps them. The reference is valid until the list of sections changes.
+    VELK_AMESP_INP_EXPORT Section& upsert_section(std::string name, std::vector<std::string> arguments);
+    // Removes every section of that name; says whether there was one.
+    VELK_AMESP_INP_EXPORT bool remove_section(std::string_view name);
+
+    // Sets one entry of the first section of that name, adding section and entry as needed. In a section that is not
+    // read as key-value lines the entry is stored but not rendered.
+    VELK_AMESP_INP_EXPORT void set_section_entry(std::string_view section, std::string key, std::string value);
+    // Removes every such entry of the first section of that name; says whether there was one.
+    VELK_AMESP_INP_EXPORT bool remove_section_entry(std::string_view section, std::string_view key);
+
+    // Replaces every "xyz" and "zmat" section by one "xyz" section at the end. Nothing is checked; the atoms are
+    // stored as given. If memory runs out, the old sections may be gone and the new one not there.
+    VELK_AMESP_INP_EXPORT void set_xyz_geometry(std::int32_t charge, std::int32_t multiplicity,
+                                                std::vector<AtomRecord> atoms);
+
+private:
+    AIPData data_;
+    InputSchema schema_;
+};
+
+}  // namespace velk::input::amesp
