@@ -193,8 +193,8 @@ bool write_text_file_atomic(const std::string& path, std::string_view content) {
     if (!file) {
         return false;
     }
-    const bool written = write_all(file.get(), content) && (!exists || take_over_attributes(file.get(), existing)) &&
-                         sync(file.get());
+    const bool written =
+        write_all(file.get(), content) && (!exists || take_over_attributes(file.get(), existing)) && sync(file.get());
     if (!file.close() || !written || ::rename(temporary.c_str(), target->c_str()) != 0) {
         ::unlink(temporary.c_str());
         return false;

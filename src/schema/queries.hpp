@@ -1,0 +1,36 @@
+// Look-ups in the tables that the public queries and the library's other rooms share.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include <velk/input/amesp/schema_tables.hpp>
+
+#include "model/key.hpp"
+
+namespace velk::input::amesp::queries {
+
+// What `key` is an alias of, else `key` itself. A view into the table or of `key`'s text.
+std::string_view canonical(const StringMap<std::string>& aliases, const Key& key);
+
+// The value stored under `name`, or null.
+template <class Value>
+const Value* find(const StringMap<Value>& table, std::string_view name) {
+    const auto found = table.find(name);
+    return found == table.end() ? nullptr : &found->second;
+}
+
+// The specification under the canonical form of `name`, or null.
+const ValueSpec* find_directive(const InputSchema::Impl& tables, std::string_view name);
+const SectionSpec* find_section(const InputSchema::Impl& tables, std::string_view name);
+const ValueSpec* find_entry(const SectionSpec& section, std::string_view name);
+
+// What the tables make of a method-line token.
+struct TokenMatch {
+    std::string canonical;
+    std::string_view category;  // into the tables, or a constant
+    bool known = false;
+};
+TokenMatch match_method_token(const InputSchema::Impl& tables, std::string_view token);
+
+}  // namespace velk::input::amesp::queries
