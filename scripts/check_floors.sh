@@ -1,0 +1,28 @@
+#!/usr/bin/env bash
+# A room of the library includes only rooms below it: model < schema < validation < parser, editor. The library knows
+# nothing of the program, and the program nothing of the library but its public headers.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+status=0
+forbid() {  # forbid ROOM PATTERN REASON
+  if grep -rnE "#include \"($2)/" "$1"; then
+    echo "$1: $3" >&2
+    status=1
+  fi
+}
+forbid src/model 'schema|validation|parser|editor' 'the model looks up'
+forbid src/schema 'validation|parser|editor' 'the schema looks up'
+forbid src/validation 'parser|editor' 'validation looks up'
+forbid src/parser 'validation|editor' 'the parser looks sideways'
+forbid src/editor 'validation|parser' 'the editor looks sideways'
+forbid tools 'model|schema|validation|parser|editor' 'the program looks inside the library'
+if grep -rln 'yaml-cpp' src include core --include='*.[ch]pp' | grep -v '^src/schema/loader.cpp$'; then
+  echo "only src/schema/loader.cpp may see yaml-cpp" >&2
+  status=1
+fi
+if grep -rnE '<(iostream|fstream|regex)>' src core include; then
+  echo "no streams of files and no regular expressions in the library" >&2
+  status=1
+fi
+[ "$status" -eq 0 ] && echo "floors: ok"
+exit "$status"

@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# Sets up what is missing, then builds and runs every check of the project.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+scripts/setup.sh
+
+step() { printf '\n== %s (%s s)\n' "$1" "$SECONDS"; }
+
+step "layout: formatting, floors, file sizes"
+scripts/check_format.sh
+scripts/check_floors.sh
+
+step "g++: build with warnings as errors"
+cmake --preset gcc
+cmake --build --preset gcc
+
+step "g++: tests"
+ctest --preset gcc -j2
+
+step "the installed package, the build inside another project, the exported symbols"
+tests/install/installed_package.sh build/gcc "$PWD"
+tests/install/subdirectory.sh "$PWD"
+tests/install/exported_symbols.sh build/gcc/lib "$PWD"
+
+step "clang++: build with warnings as errors, address and undefined-behaviour sanitizers"
+cmake --preset sanitize
+cmake --build --preset sanitize
+
+step "clang++: tests under the sanitizers"
+ctest --preset sanitize -j2
+
+step "static analysis"
+scripts/check_static.sh build/sanitize
+
+step "the example of the README"
+scripts/try.sh >build/try.log || { cat build/try.log; exit 1; }
+
+step "all checks passed"
