@@ -20,5 +20,5 @@ function(velk_shared_library target exports)
     SOVERSION ${PROJECT_VERSION_MAJOR}
     INSTALL_RPATH "$ORIGIN"
     LINK_DEPENDS ${exports})
-  target_link_options(${target} PRIVATE -Wl,--version-script=${exports} -Wl,-z,relro,-z,now -Wl,-z,defs)
+  target_link_options(${target} PRIVATE -Wl,--version-script=${exports} -Wl,-z,relro,-z,now)
 endfunction()

@@ -2,11 +2,10 @@
 // what they accept and in which results they call out of range; where they cannot decide, the C library does.
 #include "model/numbers.hpp"
 
-#include <locale.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <clocale>
 #include <cstdlib>
 #include <iterator>
 #include <limits>

@@ -206,7 +206,7 @@ YAML::Node load_file(const std::string& path) {
 
 InputSchema InputSchema::from_yaml(std::string_view text) {
     if (core::text::trim_view(text).empty()) {
-        return InputSchema();
+        return {};
     }
     try {
         return InputSchema(build_schema(YAML::Load(std::string(text))));

@@ -23,7 +23,7 @@ step "every public header compiles on its own"
 for header in $(cd "$prefix/include" && find velk -name '*.hpp'); do
   printf '#include <%s>\n' "$header" |
     c++ -std=c++20 -Wall -Wextra -Werror -fsyntax-only -x c++ -I"$prefix/include" - || fail "$header"
-  if grep -q yaml "$prefix/include/$header"; then fail "$header names a private dependency"; fi
+  if grep -q yaml-cpp "$prefix/include/$header"; then fail "$header names a private dependency"; fi
 done
 
 step "a consumer built with CMake"
