@@ -25,6 +25,11 @@ public:
     VELK_AMESP_INP_EXPORT InputSchema();                                             // knows nothing
     VELK_AMESP_INP_EXPORT explicit InputSchema(std::shared_ptr<const Impl> tables);  // null: knows nothing
 
+    // Moving copies the handle as well, so that no schema is ever without tables.
+    InputSchema(const InputSchema&) = default;
+    InputSchema& operator=(const InputSchema&) = default;
+    ~InputSchema() = default;
+
     // Reads a schema from YAML text. Empty or blank text gives an empty schema. Throws std::runtime_error, beginning
     // "failed to parse AMESP input schema YAML: ", for text that is not YAML or forces an impossible conversion;
     // keys that are unknown or of the wrong shape are skipped.
