@@ -1,0 +1,250 @@
+// amesp-inp check: findings of many files, in order, whatever the number of threads.
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "exit_status.hpp"
+#include "findings.hpp"
+#include "inputs.hpp"
+#include "json_report.hpp"
+#include "output.hpp"
+#include "schema_source.hpp"
+#include "subcommands.hpp"
+#include "text_report.hpp"
+
+namespace amesp_inp {
+namespace {
+
+using velk::input::amesp::InputSchema;
+
+struct CheckOptions {
+    InputOptions inputs;
+    std::string schema_path;
+    std::string format = "text";
+    std::string fail_on = "error";
+    std::string color = "auto";
+    bool quiet = false;
+    unsigned threads = std::max(1U, std::thread::hardware_concurrency());
+};
+
+// What one file adds to the report.
+struct FileReport {
+    std::string text;
+    std::string trouble;
+    std::size_t errors = 0;
+    std::size_t warnings = 0;
+};
+
+struct Totals {
+    std::size_t files = 0;
+    std::size_t unreadable = 0;
+    std::size_t errors = 0;
+    std::size_t warnings = 0;
+};
+
+bool use_color(const std::string& when) {
+    if (when != "auto") {
+        return when == "always";
+    }
+    const char* const no_color = std::getenv("NO_COLOR");
+    return (no_color == nullptr || *no_color == '\0') && ::isatty(STDOUT_FILENO) == 1;
+}
+
+FileReport check_file(const Input& input, const InputSchema& schema, bool json, bool color) {
+    FileReport report;
+    FileFindings file;
+    file.name = input.name;
+    try {
+        file.text = read_input(input);
+        file.findings = find_all(file.text, schema);
+    } catch (const std::exception& error) {
+        file.error = error.what();
+        report.trouble = error.what();
+    }
+    for (const Finding& finding : file.findings) {
+        ++(finding.severity == IssueSeverity::Error ? report.errors : report.warnings);
+    }
+    report.text = json ? json_report(file) : text_report(file, color);
+    return report;
+}
+
+// Runs `make(i)` for every i below `count` on several threads and `use` on the results, in order, on this one.
+template <class Make, class Use>
+void in_order(std::size_t count, unsigned threads, Make make, Use use) {
+    if (threads <= 1 || count <= 1) {
+        for (std::size_t i = 0; i < count; ++i) {
+            use(make(i));
+        }
+        return;
+    }
+    std::vector<std::optional<FileReport>> results(count);
+    std::mutex mutex;
+    std::condition_variable ready;
+    std::atomic<std::size_t> next = 0;
+    std::vector<std::jthread> workers;
+    for (unsigned worker = 0; worker < std::min<std::size_t>(threads, count); ++worker) {
+        workers.emplace_back([&] {
+            for (std::size_t i = next++; i < count; i = next++) {
+                FileReport result = make(i);
+                const std::lock_guard lock(mutex);
+                results[i] = std::move(result);
+                ready.notify_one();
+            }
+        });
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        std::unique_lock lock(mutex);
+        ready.wait(lock, [&] { return results[i].has_value(); });
+        FileReport result = std::move(*results[i]);
+        results[i].emplace();
+        lock.unlock();
+        use(std::move(result));
+    }
+}
+
+// A bar on standard error, once the work turns out to be long.
+class Progress {
+public:
+    Progress(std::size_t total, bool wanted) : total_(total), wanted_(wanted && ::isatty(STDERR_FILENO) == 1) {}
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+    ~Progress() { clear(); }
+
+    void step() {
+        ++done_;
+        const auto now = Clock::now();
+        if (!wanted_ || now < next_) {
+            return;
+        }
+        constexpr int width = 30;
+        const int filled = static_cast<int>(done_ * width / total_);
+        std::fprintf(stderr, "\r[%.*s%*s] %zu/%zu", filled, "##############################", width - filled, "", done_,
+                     total_);
+        shown_ = true;
+        next_ = now + std::chrono::milliseconds(100);
+    }
+
+    // Takes the bar away before something else is printed.
+    void clear() {
+        if (shown_) {
+            std::fputs("\r\033[K", stderr);
+            shown_ = false;
+        }
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+    std::size_t total_;
+    bool wanted_;
+    bool shown_ = false;
+    std::size_t done_ = 0;
+    Clock::time_point next_ = Clock::now() + std::chrono::seconds(1);
+};
+
+std::string counted(std::size_t count, const char* noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+void print_summary(const Totals& totals) {
+    std::string line = counted(totals.files - totals.unreadable, "file") + " checked: ";
+    line += counted(totals.errors, "error") + ", " + counted(totals.warnings, "warning");
+    if (totals.unreadable > 0) {
+        line += "; " + counted(totals.unreadable, "file") + " could not be read";
+    }
+    std::fputs((line + "\n").c_str(), stderr);
+}
+
+void print_json_end(const Totals& totals) {
+    print("\n],\"summary\":{\"files\":" + std::to_string(totals.files) +
+          ",\"unreadable\":" + std::to_string(totals.unreadable) + ",\"errors\":" + std::to_string(totals.errors) +
+          ",\"warnings\":" + std::to_string(totals.warnings) + "}}\n");
+}
+
+int exit_status(const Totals& totals, const std::string& fail_on) {
+    if (totals.unreadable > 0) {
+        return exit_trouble;
+    }
+    const bool failed = fail_on != "never" && (totals.errors > 0 || (fail_on == "warning" && totals.warnings > 0));
+    return failed ? exit_findings : exit_clean;
+}
+
+int run_check(const CheckOptions& options) {
+    const InputSchema schema = load_schema(options.schema_path);
+    const std::vector<Input> inputs = collect_inputs(options.inputs);
+    const bool json = options.format == "json";
+    const bool color = !json && use_color(options.color);
+    Totals totals;
+    Progress progress(inputs.size(), !options.quiet);
+    if (json) {
+        print("{\"format\":\"amesp-inp findings\",\"version\":1,\"files\":[");
+    }
+    in_order(
+        inputs.size(), options.threads, [&](std::size_t i) { return check_file(inputs[i], schema, json, color); },
+        [&](FileReport report) {
+            if (!report.trouble.empty()) {
+                progress.clear();
+                complain(report.trouble);
+                ++totals.unreadable;
+            }
+            if (!report.text.empty()) {
+                progress.clear();
+                print((json ? (totals.files == 0 ? "\n" : ",\n") : "") + report.text);
+            }
+            ++totals.files;
+            totals.errors += report.errors;
+            totals.warnings += report.warnings;
+            progress.step();
+        });
+    progress.clear();
+    if (json) {
+        print_json_end(totals);
+    }
+    if (!flush_output()) {
+        throw std::runtime_error("cannot write to standard output");
+    }
+    if (!options.quiet) {
+        print_summary(totals);
+    }
+    return exit_status(totals, options.fail_on);
+}
+
+}  // namespace
+
+void add_check(CLI::App& program, Run& run) {
+    auto options = std::make_shared<CheckOptions>();
+    CLI::App* const check = program.add_subcommand("check", "Prints what is wrong with input files.");
+    check->footer(
+        "Examples:\n"
+        "  amesp-inp check water.inp             one file\n"
+        "  amesp-inp check -j 8 jobs/            every *.inp and *.aip file below a directory\n"
+        "  amesp-inp check --format json *.inp   for other programs\n"
+        "  make-input | amesp-inp check -        standard input");
+    add_input_options(*check, options->inputs);
+    add_schema_option(*check, options->schema_path);
+    check->add_option("--format", options->format, "How findings are printed (default: text)")
+        ->check(CLI::IsMember({"text", "json"}));
+    check->add_option("--fail-on", options->fail_on, "Findings that make the exit status 1 (default: error)")
+        ->check(CLI::IsMember({"error", "warning", "never"}));
+    check->add_option("--color", options->color, "Colours in text (default: auto; NO_COLOR is heeded)")
+        ->check(CLI::IsMember({"auto", "always", "never"}));
+    check->add_flag("-q,--quiet", options->quiet, "No summary and no progress bar");
+    check->add_option("-j,--jobs", options->threads, "Worker threads (default: the number of processors)")
+        ->type_name("N")
+        ->check(CLI::Range(1U, 1024U));
+    check->callback([options, &run] { run = [options] { return run_check(*options); }; });
+}
+
+}  // namespace amesp_inp

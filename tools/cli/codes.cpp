@@ -1,0 +1,116 @@
+// The table of codes.
+#include "codes.hpp"
+
+#include <array>
+
+namespace amesp_inp {
+namespace {
+
+constexpr std::string_view required_schema =
+    "directives: {maxcore: {value_type: integer}}\n"
+    "method_tokens: {hf: {category: method}, sto-3g: {category: basis}}\n"
+    "sections:\n"
+    "  xyz: {parse_mode: cartesian_coordinates}\n"
+    "  scf: {parse_mode: key_value, required: true, entries: {maxcyc: {value_type: integer, required: true}}}\n";
+
+constexpr auto codes = std::to_array<CodeInfo>({
+    {"amesp.duplicate_section", "error",
+     "A section that the schema allows only once stands in the input several times.",
+     "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>scf\n  conv 1e-6\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n>scf\n  maxcyc 50\n  conv 1e-6\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Merge the sections into one, or remove those that are not wanted.", ""},
+    {"amesp.empty_directive", "warning", "A line begins with '%' but names no directive. It is not kept.",
+     "%\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Name the directive after the '%', or remove the line.", ""},
+    {"amesp.empty_geometry", "error", "The >xyz section holds no atom that could be read.",
+     "! hf sto-3g\n>xyz 0 1\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Give one line for each atom: symbol, x, y, z.", ""},
+    {"amesp.empty_method_line", "warning", "A line begins with '!' but holds no token.",
+     "! hf sto-3g\n!\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Write method, basis set and task after the '!', or remove the line.", ""},
+    {"amesp.empty_section_header", "warning", "A line begins with '>' but names no section. It is not kept.",
+     "! hf sto-3g\n>\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Name the section after the '>', or remove the line.", ""},
+    {"amesp.invalid_multiplicity", "error", "The spin multiplicity in the >xyz header is below 1.",
+     "! hf sto-3g\n>xyz 0 0\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Give 2S+1: 1 for a singlet, 2 for a doublet, 3 for a triplet.", ""},
+    {"amesp.invalid_section_entry", "warning",
+     "A line in a section of entries has nothing before its '='. It is kept as it is, but sets nothing.",
+     "! hf sto-3g\n>scf\n  = 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n>scf\n  maxcyc = 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n", "Write 'key value' or 'key = value'.", ""},
+    {"amesp.invalid_value", "error", "A value is not of the type that the schema gives for it.",
+     "% maxcore lots\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Write an integer (50), a real number (1.0d-8), a boolean (on, off, true, false, yes, no, 1, 0) or one of the "
+     "allowed words, as the message says.",
+     ""},
+    {"amesp.invalid_xyz_header", "error", "The >xyz header does not hold charge and spin multiplicity as two integers.",
+     "! hf sto-3g\n>xyz 0\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Write both after the name: '>xyz CHARGE MULTIPLICITY'.", ""},
+    {"amesp.invalid_xyz_record", "warning",
+     "A line in a Cartesian section is no atom: it has fewer than four words, or a coordinate is no number. It is kept "
+     "as it is, but is not part of the geometry.",
+     "! hf sto-3g\n>xyz 0 1\n  H 0 0 0\n  H 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  H 0 0 0\n  H 0 0 0.74\nend\n",
+     "Give symbol, x, y and z. Exponents may be written with e or d.", ""},
+    {"amesp.loose_line", "warning",
+     "A line stands outside every section and begins with none of '%', '!', '>' and the comment marks '#', '//', ';'.",
+     "! hf sto-3g\nmy first calculation\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n# my first calculation\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Make it a comment with '#', or move it into the section it belongs to.", ""},
+    {"amesp.missing_geometry", "error", "The input has neither an >xyz nor a >zmat section.", "! hf sto-3g\n",
+     "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Add the geometry. Its header may have been swallowed by a section without 'end'.", ""},
+    {"amesp.missing_method_line", "error", "The input has no method line with at least one token.",
+     ">xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Add a line that begins with '!' and names method and basis set.", ""},
+    {"amesp.missing_required_entry", "error", "A section lacks an entry that the schema requires.",
+     "! hf sto-3g\n>scf\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n", "Add the entry to the section.",
+     required_schema},
+    {"amesp.missing_required_section", "error", "The input lacks a section that the schema requires.",
+     "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Add the section.", required_schema},
+    {"amesp.multiple_geometry_sections", "error", "The input has more than one >xyz or >zmat section.",
+     "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n>zmat\n  He\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Keep one geometry.", ""},
+    {"amesp.multiple_method_lines", "warning",
+     "The input has several method lines. Their tokens are read as one line, in order.",
+     "! hf\n! sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Put all tokens on one line.", ""},
+    {"amesp.unknown_directive", "warning", "The schema does not know a directive. It is kept as it is.",
+     "% maxcor 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Mend the spelling; or, when the name is right, add it to your schema.", ""},
+    {"amesp.unknown_entry", "warning", "The schema does not know an entry of this section. It is kept as it is.",
+     "! hf sto-3g\n>scf\n  maxcycle 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Mend the spelling; or, when the name is right, add it to your schema.", ""},
+    {"amesp.unknown_method_token", "warning",
+     "The schema does not know a token of the method line. It is kept as it is.",
+     "! b3lpy sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "! b3lyp sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Mend the spelling; or, when the name is right, add it to your schema.", ""},
+    {"amesp.unknown_section", "warning",
+     "The schema does not know a section. It is kept as it is, and nothing in it is checked.",
+     "! hf sto-3g\n>scff\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Mend the spelling; or, when the name is right, add it to your schema.", ""},
+    {"amesp.unterminated_section", "error",
+     "A section runs to the end of the file because its 'end' is missing: everything after its header is read as part "
+     "of it. (A warning where the schema does not know the section.)",
+     "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Write 'end' on a line of its own after the last line of the section.", ""},
+    {"amesp.value_above_maximum", "error", "A number is above the greatest that the schema allows.",
+     "! hf sto-3g\n>scf\n  conv 10\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n>scf\n  conv 1e-6\nend\n>xyz 0 1\n  He 0 0 0\nend\n", "Give a smaller number.", ""},
+    {"amesp.value_below_minimum", "error", "A number is below the smallest that the schema allows.",
+     "% maxcore 0\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "Give a greater number.", ""},
+});
+
+}  // namespace
+
+std::span<const CodeInfo> all_codes() {
+    return codes;
+}
+
+}  // namespace amesp_inp

@@ -1,0 +1,79 @@
+// amesp-inp explain: what a code means and how to mend its cause.
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <velk/core/text_view.hpp>
+
+#include "codes.hpp"
+#include "exit_status.hpp"
+#include "output.hpp"
+#include "subcommands.hpp"
+
+namespace amesp_inp {
+namespace {
+
+std::string indented(std::string_view text) {
+    std::string result;
+    for (std::string_view line; velk::core::text::take_line(text, line);) {
+        result += "    ";
+        result += line;
+        result += '\n';
+    }
+    return result;
+}
+
+std::string explanation(const CodeInfo& info) {
+    std::string text(info.code);
+    text += " (" + std::string(info.severity) + ")\n\n";
+    text += std::string(info.meaning) + "\n\nBad:\n\n" + indented(info.bad);
+    text += "\nGood:\n\n" + indented(info.good);
+    if (!info.schema.empty()) {
+        text += "\nWith the schema:\n\n" + indented(info.schema);
+    }
+    text += "\nTo mend it: " + std::string(info.mend) + "\n";
+    return text;
+}
+
+int list_codes() {
+    std::size_t width = 0;
+    for (const CodeInfo& info : all_codes()) {
+        width = std::max(width, info.code.size());
+    }
+    for (const CodeInfo& info : all_codes()) {
+        std::string line(info.code);
+        line.append(width + 2 - line.size(), ' ');
+        line += std::string(info.severity) + (info.severity == "error" ? "    " : "  ");
+        print(line + std::string(info.meaning) + "\n");
+    }
+    return exit_clean;
+}
+
+int explain_code(std::string code) {
+    if (!code.starts_with("amesp")) {
+        code = "amesp." + code;
+    }
+    const auto codes = all_codes();
+    const auto found =
+        std::find_if(codes.begin(), codes.end(), [&](const CodeInfo& info) { return info.code == code; });
+    if (found == codes.end()) {
+        complain("unknown code '" + code + "'; 'amesp-inp explain' lists all codes");
+        return exit_trouble;
+    }
+    print(explanation(*found));
+    return exit_clean;
+}
+
+}  // namespace
+
+void add_explain(CLI::App& program, Run& run) {
+    auto code = std::make_shared<std::string>();
+    CLI::App* const explain = program.add_subcommand("explain", "Says what a code means and how to mend its cause.");
+    explain->footer(
+        "Examples:\n"
+        "  amesp-inp explain amesp.unterminated_section\n"
+        "  amesp-inp explain                             lists all codes");
+    explain->add_option("CODE", *code, "The code in brackets at the end of a finding");
+    explain->callback([code, &run] { run = [code] { return code->empty() ? list_codes() : explain_code(*code); }; });
+}
+
+}  // namespace amesp_inp

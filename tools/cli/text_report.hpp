@@ -1,0 +1,14 @@
+// Findings as text, in the compilers' format.
+#pragma once
+
+#include <string>
+
+#include "finding.hpp"
+
+namespace amesp_inp {
+
+// FILE:LINE:COLUMN: SEVERITY: MESSAGE [CODE], with an excerpt, notes and helps below. Nothing for a file that could not
+// be read.
+std::string text_report(const FileFindings& file, bool color);
+
+}  // namespace amesp_inp
