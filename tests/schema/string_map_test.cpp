@@ -1,0 +1,91 @@
+// The map that keeps the order of insertion.
+#include <velk/input/amesp/string_map.hpp>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace velk::input::amesp {
+namespace {
+
+using Map = StringMap<int>;
+
+std::vector<std::string> keys(const Map& map) {
+    std::vector<std::string> result;
+    for (const auto& [key, value] : map) {
+        result.push_back(key);
+    }
+    return result;
+}
+
+TEST(StringMap, IteratesInTheOrderOfFirstInsertion) {
+    Map map;
+    map["z"] = 1;
+    map["a"] = 2;
+    map.emplace("m", 3);
+    map["z"] = 4;
+    map.insert_or_assign("a", 5);
+    EXPECT_THAT(keys(map), testing::ElementsAre("z", "a", "m"));
+    EXPECT_EQ(map.at("z"), 4);
+    EXPECT_EQ(map.at("a"), 5);
+}
+
+TEST(StringMap, KeepsTheFirstValueThatIsEmplaced) {
+    Map map;
+    EXPECT_TRUE(map.emplace("a", 1).second);
+    EXPECT_FALSE(map.emplace("a", 2).second);
+    EXPECT_EQ(map["a"], 1);
+}
+
+TEST(StringMap, FindsExactKeysOnly) {
+    Map map{{"a", 1}, {"", 2}};
+    EXPECT_EQ(map.find("a")->second, 1);
+    EXPECT_EQ(map.find("")->second, 2);
+    EXPECT_EQ(map.find("A"), map.end());
+    EXPECT_TRUE(map.contains("a"));
+    EXPECT_EQ(map.count("b"), 0U);
+    EXPECT_THROW(map.at("b"), std::out_of_range);
+    EXPECT_EQ(map.size(), 2U);
+}
+
+TEST(StringMap, KeepsReferencesWhileItGrows) {
+    Map map;
+    int& first = map["first"];
+    for (int i = 0; i < 10000; ++i) {
+        map[std::to_string(i)] = i;
+    }
+    first = 7;
+    EXPECT_EQ(map.at("first"), 7);
+    EXPECT_EQ(map.at("9999"), 9999);
+}
+
+TEST(StringMap, CopiesAndMovesAreIndependentOfTheirSource) {
+    Map map{{"a", 1}, {"b", 2}};
+    Map copy = map;
+    copy["a"] = 9;
+    copy["c"] = 3;
+    EXPECT_EQ(map.at("a"), 1);
+    EXPECT_FALSE(map.contains("c"));
+    const Map moved = std::move(copy);
+    EXPECT_EQ(moved.at("a"), 9);
+    EXPECT_THAT(keys(moved), testing::ElementsAre("a", "b", "c"));
+    map = moved;
+    EXPECT_EQ(map, moved);
+    Map& same = map;
+    map = same;
+    EXPECT_EQ(map, moved);
+    map.clear();
+    EXPECT_TRUE(map.empty());
+    EXPECT_FALSE(map.contains("a"));
+}
+
+TEST(StringMap, EqualsAMapWithTheSamePairsInAnyOrder) {
+    EXPECT_EQ((Map{{"a", 1}, {"b", 2}}), (Map{{"b", 2}, {"a", 1}}));
+    EXPECT_NE((Map{{"a", 1}}), (Map{{"a", 2}}));
+    EXPECT_NE((Map{{"a", 1}}), (Map{{"b", 1}}));
+    EXPECT_NE((Map{{"a", 1}}), (Map{{"a", 1}, {"b", 1}}));
+}
+
+}  // namespace
+}  // namespace velk::input::amesp
