@@ -162,7 +162,7 @@ struct BoundCase {
 TEST(Loader, ReadsBoundsThatAreNumbersAndSkipsOthersInEveryLocale) {
     const double infinity = std::numeric_limits<double>::infinity();
     const BoundCase cases[] = {{"1", 1.0},         {"-3", -3.0},         {"0.5", 0.5}, {"1e20", 1e20}, {"'2.5'", 2.5},
-                               {".inf", infinity}, {"-.inf", -infinity}, {"word", {}}, {"'1,5'", {}},    {"''", {}},
+                               {".inf", infinity}, {"-.inf", -infinity}, {"word", {}}, {"'1,5'", {}},  {"''", {}},
                                {"[1]", {}},        {"1.5x", {}},         {"1 2", {}},  {"", {}},       {"{a: 1}", {}}};
     const auto check = [&] {
         for (const BoundCase& c : cases) {

@@ -1,0 +1,98 @@
+// amesp-inp explain: the examples of every code do what they are said to do.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "support/run_program.hpp"
+
+namespace velk::test {
+namespace {
+
+using testing::HasSubstr;
+
+std::vector<std::string> listed_codes() {
+    std::istringstream lines(run_program({"explain"}).out);
+    std::vector<std::string> codes;
+    for (std::string line; std::getline(lines, line);) {
+        codes.push_back(line.substr(0, line.find(' ')));
+    }
+    return codes;
+}
+
+// The indented block after a heading.
+std::string block(const std::string& text, const std::string& heading) {
+    const std::size_t begin = text.find("\n" + heading + "\n\n");
+    std::string result;
+    if (begin != std::string::npos) {
+        std::istringstream lines(text.substr(begin + heading.size() + 3));
+        for (std::string line; std::getline(lines, line) && line.starts_with("    ");) {
+            result += line.substr(4) + "\n";
+        }
+    }
+    return result;
+}
+
+TEST(Explain, ListsEveryCodeOfTheLibraryOnce) {
+    EXPECT_THAT(
+        listed_codes(),
+        testing::ElementsAre(
+            "amesp.duplicate_section", "amesp.empty_directive", "amesp.empty_geometry", "amesp.empty_method_line",
+            "amesp.empty_section_header", "amesp.invalid_multiplicity", "amesp.invalid_section_entry",
+            "amesp.invalid_value", "amesp.invalid_xyz_header", "amesp.invalid_xyz_record", "amesp.loose_line",
+            "amesp.missing_geometry", "amesp.missing_method_line", "amesp.missing_required_entry",
+            "amesp.missing_required_section", "amesp.multiple_geometry_sections", "amesp.multiple_method_lines",
+            "amesp.unknown_directive", "amesp.unknown_entry", "amesp.unknown_method_token", "amesp.unknown_section",
+            "amesp.unterminated_section", "amesp.value_above_maximum", "amesp.value_below_minimum"));
+}
+
+TEST(Explain, GivesABadExampleThatHasTheFindingAndAGoodOneWithoutAny) {
+    const TempDir dir;
+    for (const std::string& code : listed_codes()) {
+        const ProgramRun explained = run_program({"explain", code});
+        EXPECT_EQ(explained.status, 0);
+        const std::string severity = explained.out.substr(0, explained.out.find('\n'));
+        const std::string schema = block(explained.out, "With the schema:");
+        write_file(dir / "schema.yaml",
+                   schema.empty() ? read_file(VELK_SOURCE_DIRECTORY "/schemas/input/amesp.yaml") : schema);
+        const auto check = [&](const char* heading) {
+            const std::string text = block(explained.out, heading);
+            EXPECT_NE(text, "") << code << heading;
+            return run_program({"check", "--fail-on", "warning", "--schema", dir / "schema.yaml", "-"},
+                               {.input = text});
+        };
+        const ProgramRun bad = check("Bad:");
+        const std::size_t end = bad.out.find("[" + code + "]");
+        ASSERT_NE(end, std::string::npos) << code << bad.out;
+        const std::string finding = bad.out.substr(0, end).substr(bad.out.rfind('\n', end) + 1);
+        const bool is_error = finding.find(": error: ") != std::string::npos;
+        EXPECT_EQ(severity, code + (is_error ? " (error)" : " (warning)"));
+        const ProgramRun mended = check("Good:");
+        EXPECT_EQ(mended.status, 0) << code << mended.out;
+        EXPECT_THAT(explained.out, HasSubstr("\nTo mend it: "));
+    }
+}
+
+TEST(Explain, TakesACodeWithoutItsFirstWord) {
+    EXPECT_EQ(run_program({"explain", "loose_line"}).out, run_program({"explain", "amesp.loose_line"}).out);
+}
+
+TEST(Explain, RefusesAnUnknownCode) {
+    const ProgramRun run = run_program({"explain", "amesp.nonsense"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err, "amesp-inp: unknown code 'amesp.nonsense'; 'amesp-inp explain' lists all codes\n");
+}
+
+TEST(Explain, SaysWhatThePageOfCodesSays) {
+    const std::string page = read_file(VELK_SOURCE_DIRECTORY "/docs/codes.md");
+    for (const std::string& code : listed_codes()) {
+        const std::string text = run_program({"explain", code}).out;
+        const std::string meaning = text.substr(text.find("\n\n") + 2);
+        EXPECT_THAT(page, HasSubstr("## " + code + "\n"));
+        EXPECT_THAT(page, HasSubstr(meaning.substr(0, meaning.find("\n\n")))) << code;
+        EXPECT_THAT(page, HasSubstr(text.substr(text.find("To mend it: ") + 12))) << code;
+    }
+}
+
+}  // namespace
+}  // namespace velk::test

@@ -1,0 +1,63 @@
+// Runs the program amesp-inp as a user would: a process of its own, its two streams and its exit status.
+#pragma once
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+#include <vector>
+
+#include "support/temp_dir.hpp"
+
+namespace velk::test {
+
+struct ProgramRun {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+struct RunOptions {
+    std::string input = {};
+    std::string out_path = {};   // standard output, when it shall be something else than a file to read back
+    std::string directory = {};  // to run in
+    std::vector<std::string> environment = {};  // "NAME=VALUE" each
+};
+
+inline ProgramRun run_program(const std::vector<std::string>& arguments, const RunOptions& options = {}) {
+    const TempDir dir;
+    write_file(dir / "in", options.input);
+    const std::string out_path = options.out_path.empty() ? dir / "out" : options.out_path;
+    std::vector<std::string> words = {AMESP_INP_PROGRAM};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    std::vector<std::string> environment = options.environment;
+    environment.push_back("HOME=" + dir.path());
+
+    const pid_t child = ::fork();
+    if (child == 0) {
+        std::vector<char*> argv;
+        for (std::string& word : words) {
+            argv.push_back(word.data());
+        }
+        argv.push_back(nullptr);
+        std::vector<char*> envp;
+        for (std::string& variable : environment) {
+            envp.push_back(variable.data());
+        }
+        envp.push_back(nullptr);
+        ::dup2(::open((dir / "in").c_str(), O_RDONLY), 0);
+        ::dup2(::open(out_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), 1);
+        ::dup2(::open((dir / "err").c_str(), O_WRONLY | O_CREAT, 0600), 2);
+        if (options.directory.empty() || ::chdir(options.directory.c_str()) == 0) {
+            ::execve(argv[0], argv.data(), envp.data());
+        }
+        ::_exit(127);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, options.out_path.empty() ? read_file(out_path) : "",
+            read_file(dir / "err")};
+}
+
+}  // namespace velk::test
