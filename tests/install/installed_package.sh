@@ -42,5 +42,14 @@ LD_LIBRARY_PATH=$(pkg-config --variable=libdir velk_amesp_inp) "$work/consumer" 
 if [ -x "$prefix/bin/amesp-inp" ]; then
   step "the installed program finds its libraries and its schema"
   (cd / && "$prefix/bin/amesp-inp" check "$source/examples/water.inp") || fail "amesp-inp check"
+
+  step "without any schema the program says where it looked"
+  mv "$prefix/share/velk" "$work/hidden"
+  status=0
+  "$prefix/bin/amesp-inp" check "$source/examples/water.inp" 2>"$work/stderr" || status=$?
+  [ "$status" -eq 2 ] || fail "exit status $status without a schema"
+  for place in 'no schema found' 'VELK_AMESP_INP_SCHEMA_YAML (not set)' "$HOME/.local/share" "$work/none"; do
+    grep -qF "$place" "$work/stderr" || fail "the message does not name: $place"
+  done
 fi
 echo "installed package: ok"
