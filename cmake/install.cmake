@@ -22,6 +22,11 @@ if(TARGET amesp-inp)
 endif()
 install(FILES schemas/input/amesp.yaml DESTINATION ${CMAKE_INSTALL_DATADIR}/velk/schemas/input)
 
+# A suite that brings its core libraries installs them as the package velk_core.
+set(core_dependency)
+if(NOT TARGET velk_core_text)
+  set(core_dependency "include(CMakeFindDependencyMacro)\nfind_dependency(velk_core CONFIG)")
+endif()
 configure_package_config_file(cmake/velk_amesp_inp-config.cmake.in
   ${PROJECT_BINARY_DIR}/velk_amesp_inp-config.cmake
   INSTALL_DESTINATION ${config_directory})
