@@ -10,7 +10,7 @@ namespace {
 
 TEST(ParseFile, GivesWhatParsingItsTextGives) {
     const test::TempDir dir;
-    const std::string text("! hf\r\n>xyz 0 1\nH 0 0 0\n\0\xff\nend", 33);
+    const std::string text("! hf\r\n>xyz 0 1\nH 0 0 0\n\0\xff\nend", 29);
     test::write_file(dir / "f", text);
     for (const bool keep : {true, false}) {
         for (const bool validate : {true, false}) {

@@ -12,7 +12,7 @@
 namespace amesp_inp {
 namespace {
 
-constexpr auto subcommands = {add_check, add_show, add_explain};
+constexpr auto subcommands = {add_check, add_explain, add_show, add_fmt, add_get, add_set, add_geom, add_new};
 
 // The examples of a subcommand, which are its footer, open its help.
 class ExamplesFirst : public CLI::Formatter {

@@ -11,6 +11,11 @@ using Run = std::function<int()>;
 
 void add_check(CLI::App& program, Run& run);
 void add_explain(CLI::App& program, Run& run);
+void add_fmt(CLI::App& program, Run& run);
+void add_geom(CLI::App& program, Run& run);
+void add_get(CLI::App& program, Run& run);
+void add_new(CLI::App& program, Run& run);
+void add_set(CLI::App& program, Run& run);
 void add_show(CLI::App& program, Run& run);
 
 }  // namespace amesp_inp

@@ -1,0 +1,50 @@
+// Where the text of an edited input goes.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "exit_status.hpp"
+#include "finding.hpp"
+#include "inputs.hpp"
+#include "output.hpp"
+
+namespace amesp_inp {
+
+struct EditOutput {
+    bool in_place = false;
+    bool diff = false;
+    bool force = false;
+    std::string path;  // of another file to write
+};
+
+// Adds --in-place and --force.
+void add_edit_options(CLI::App& subcommand, EditOutput& output);
+
+// Prints the text, its difference, or writes it atomically, as asked; a file that would not change is not written.
+// Throws std::runtime_error, "cannot write 'NAME'", when that fails.
+void deliver(const EditOutput& output, const Input& input, std::string_view before, const std::string& after);
+
+// Findings on standard error. True when one of them is an error.
+bool report_findings(const Input& input, const std::string& text, std::vector<Finding> findings);
+
+// Runs `work` for each input; says of one that fails why, and goes on. The worst exit status.
+template <class Work>
+int for_each_input(const std::vector<Input>& inputs, Work work) {
+    int status = exit_clean;
+    for (const Input& input : inputs) {
+        try {
+            status = std::max(status, work(input));
+        } catch (const std::runtime_error& error) {
+            complain(error.what());
+            status = exit_trouble;
+        }
+    }
+    return status;
+}
+
+}  // namespace amesp_inp

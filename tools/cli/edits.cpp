@@ -1,0 +1,153 @@
+// The edits of a command line.
+#include "edits.hpp"
+
+#include <array>
+#include <set>
+#include <stdexcept>
+#include <velk/core/fs.hpp>
+#include <velk/core/text.hpp>
+#include <velk/input/amesp/parser.hpp>
+
+#include "findings.hpp"
+#include "rendering_changes.hpp"
+
+namespace amesp_inp {
+namespace {
+
+using namespace velk::input::amesp;
+
+struct EditName {
+    EditKind kind;
+    const char* option;
+    const char* argument;
+    const char* help;
+};
+
+constexpr std::array edit_names = {
+    EditName{EditKind::set_directive, "--directive", "NAME=VALUE", "Set a directive"},
+    EditName{EditKind::unset_directive, "--unset-directive", "NAME", "Remove a directive"},
+    EditName{EditKind::set_method, "--method", "TOKENS", "Replace the tokens of the method line"},
+    EditName{EditKind::add_token, "--add-token", "TOKEN", "Append a token to the method line"},
+    EditName{EditKind::remove_token, "--remove-token", "TOKEN", "Remove a token from the method line"},
+    EditName{EditKind::set_entry, "--entry", "SECTION.KEY=VALUE", "Set an entry of a section"},
+    EditName{EditKind::unset_entry, "--unset-entry", "SECTION.KEY", "Remove an entry of a section"},
+    EditName{EditKind::remove_section, "--remove-section", "NAME", "Remove a section"},
+    EditName{EditKind::set_geometry, "--geometry", "MOL.xyz", "Replace the geometry by that of an XYZ file"},
+};
+
+const EditName& name_of(EditKind kind) {
+    return edit_names[static_cast<std::size_t>(kind)];
+}
+
+// The argument before and after its first `separator`; both must not be empty unless `may_end` is set.
+std::pair<std::string, std::string> split(EditKind kind, const std::string& argument, char separator, bool may_end) {
+    const std::size_t place = argument.find(separator);
+    if (place == std::string::npos || place == 0 || (!may_end && place + 1 == argument.size())) {
+        throw std::runtime_error(std::string(name_of(kind).option) + " expects " + name_of(kind).argument + ", got '" +
+                                 argument + "'");
+    }
+    return {argument.substr(0, place), argument.substr(place + 1)};
+}
+
+}  // namespace
+
+void Edits::add_option(CLI::App& subcommand, EditKind kind) {
+    subcommand_ = &subcommand;
+    const EditName& name = name_of(kind);
+    auto* const option = subcommand.add_option(name.option)->description(name.help)->type_name(name.argument);
+    option->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    options_.push_back({kind, option});
+}
+
+void Edits::add_charge_options(CLI::App& subcommand) {
+    subcommand.add_option("--charge", charge_, "Charge of the new geometry")->type_name("Q");
+    subcommand.add_option("--multiplicity", multiplicity_, "Spin multiplicity of the new geometry")->type_name("M");
+}
+
+void Edits::apply(AIPEditor& editor) const {
+    std::vector<std::size_t> used(options_.size());
+    for (const CLI::Option* const parsed : subcommand_->parse_order()) {
+        for (std::size_t i = 0; i < options_.size(); ++i) {
+            if (options_[i].option == parsed) {
+                apply_one(editor, options_[i].kind, parsed->results()[used[i]++]);
+            }
+        }
+    }
+}
+
+void Edits::apply_one(AIPEditor& editor, EditKind kind, const std::string& argument) const {
+    switch (kind) {
+        case EditKind::set_directive: {
+            const auto [name, value] = split(kind, argument, '=', true);
+            return editor.set_directive(name, value);
+        }
+        case EditKind::unset_directive:
+            editor.remove_directive(argument);
+            return;
+        case EditKind::set_method:
+            return editor.set_method_tokens(velk::core::text::split_whitespace(argument));
+        case EditKind::add_token:
+            return editor.add_method_token(argument);
+        case EditKind::remove_token:
+            editor.remove_method_token(argument);
+            return;
+        case EditKind::set_entry: {
+            const auto [section, rest] = split(kind, argument, '.', false);
+            const auto [key, value] = split(kind, rest, '=', true);
+            return editor.set_section_entry(section, key, value);
+        }
+        case EditKind::unset_entry: {
+            const auto [section, key] = split(kind, argument, '.', false);
+            editor.remove_section_entry(section, key);
+            return;
+        }
+        case EditKind::remove_section:
+            editor.remove_section(argument);
+            return;
+        case EditKind::set_geometry:
+            return set_geometry(editor, argument, charge_, multiplicity_);
+    }
+}
+
+void set_geometry(AIPEditor& editor, const std::string& xyz_path, std::optional<std::int32_t> charge,
+                  std::optional<std::int32_t> multiplicity) {
+    const Input input{xyz_path, xyz_path == "-" ? "<stdin>" : xyz_path};
+    Molecule molecule = read_xyz(read_input(input), input.name);
+    const Section* const old = editor.data().find_section("xyz");
+    charge = charge ? charge : molecule.charge;
+    multiplicity = multiplicity ? multiplicity : molecule.multiplicity;
+    if (old != nullptr) {
+        charge = charge ? charge : old->charge;
+        multiplicity = multiplicity ? multiplicity : old->multiplicity;
+    }
+    if (!charge || !multiplicity) {
+        throw std::runtime_error("the charge and the multiplicity of '" + input.name +
+                                 "' are not known: give --charge and --multiplicity");
+    }
+    editor.set_xyz_geometry(*charge, *multiplicity, std::move(molecule.atoms));
+}
+
+int finish_edit(const EditOutput& output, const Input& input, const std::string& before, const AIPEditor& editor) {
+    const std::string after = editor.render();
+    std::vector<Finding> findings = inexpressible(editor, after);
+    std::multiset<std::string> known;
+    for (const Finding& finding : find_all(before, editor.schema())) {
+        known.insert(finding.code + finding.message);
+    }
+    for (const ValidationIssue& issue : editor.validate()) {
+        const auto old = known.find(issue.code + issue.message);
+        if (old != known.end()) {
+            known.erase(old);
+        } else if (issue.severity == IssueSeverity::Error) {
+            findings.push_back({issue.severity, issue.code, issue.message, SourceLocation{1, 1, 0}, {}, {}});
+        }
+    }
+    if (report_findings(input, before, std::move(findings)) && !output.force) {
+        complain("'" + input.name + "' is left as it is (--force writes it all the same)");
+        return exit_findings;
+    }
+    deliver(output, input, before, after);
+    return exit_clean;
+}
+
+}  // namespace amesp_inp
