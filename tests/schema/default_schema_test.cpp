@@ -92,6 +92,19 @@ TEST_F(DefaultSchema, IsTriedAgainAfterAFailure) {
     });
 }
 
+TEST_F(DefaultSchema, IsEmptyWhenThereIsNoFileAnywhere) {
+    // The child loads the libraries from a place that has no data beside it.
+    std::filesystem::copy(VELK_BINARY_DIRECTORY "/lib", dir / "lib",
+                          std::filesystem::copy_options::recursive | std::filesystem::copy_options::copy_symlinks);
+    ::setenv("LD_LIBRARY_PATH", (dir / "lib").c_str(), 1);
+    EXPECT_IN_CHILD({
+        const bool holds = resolve_schema_path("").empty() && default_schema().empty() &&
+                           &default_schema() == &default_schema() && !default_schema().is_known_directive("maxcore");
+        std::_Exit(holds ? 0 : 1);
+    });
+    ::unsetenv("LD_LIBRARY_PATH");
+}
+
 TEST_F(DefaultSchema, IsOneObjectForAllThreads) {
     EXPECT_IN_CHILD({
         std::vector<const InputSchema*> seen(16);

@@ -1,8 +1,10 @@
 // The schema that installs with the library.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <velk/input/amesp/parser.hpp>
 #include <velk/input/amesp/schema_tables.hpp>
+#include <velk/input/amesp/validation.hpp>
 
 namespace velk::input::amesp {
 namespace {
@@ -41,6 +43,81 @@ TEST(StarterSchema, ResolvesEveryAliasToAKnownName) {
         for (const auto& [alias, name] : spec.entry_aliases) {
             EXPECT_TRUE(starter().is_known_entry(section, alias)) << alias;
         }
+    }
+}
+
+TEST(StarterSchema, ResolvesEverySectionAlias) {
+    for (const auto& [alias, name] : starter().tables().section_aliases) {
+        EXPECT_TRUE(starter().is_known_section(alias)) << alias;
+        EXPECT_EQ(starter().canonical_section(alias), name) << alias;
+    }
+    EXPECT_EQ(starter().canonical_section("Z-Matrix"), "zmat");
+}
+
+TEST(StarterSchema, TakesEveryPrefixOnEveryMethodAndOnNothingElse) {
+    const InputSchema::Impl& tables = starter().tables();
+    EXPECT_EQ(tables.method_prefixes.size(), 3U);
+    for (const auto& [name, spec] : tables.method_tokens) {
+        for (const char* const prefix : {"r", "u", "ro"}) {
+            const std::string token = prefix + name;
+            if (!tables.method_token_aliases.contains(token)) {
+                EXPECT_EQ(starter().is_known_method_token(token), spec.category == "method") << token;
+            }
+        }
+    }
+}
+
+void expect_sound(const ValueSpec& spec) {
+    EXPECT_THAT(spec.value_type, testing::AnyOf("integer", "real", "boolean", "enum", "string")) << spec.name;
+    EXPECT_EQ(spec.value_type == "enum", !spec.allowed.empty()) << spec.name;
+    if (spec.min || spec.max) {
+        EXPECT_THAT(spec.value_type, testing::AnyOf("integer", "real")) << spec.name;
+    }
+    if (spec.min && spec.max) {
+        EXPECT_LT(*spec.min, *spec.max) << spec.name;
+    }
+}
+
+TEST(StarterSchema, GivesEveryValueATypeThatIsCheckedAndBoundsThatCanBeMet) {
+    const InputSchema::Impl& tables = starter().tables();
+    for (const auto& [name, spec] : tables.directives) {
+        expect_sound(spec);
+    }
+    for (const auto& [section, body] : tables.sections) {
+        for (const auto& [entry, spec] : body.entries) {
+            expect_sound(spec);
+        }
+    }
+}
+
+// The findings of a whole input whose section `>scf` or `>opt` holds one line.
+std::vector<ValidationIssue> issues_of(const std::string& section, const std::string& line) {
+    const std::string text = "! hf sto-3g\n>" + section + "\n" + line + "\nend\n>xyz 0 1\nHe 0 0 0\nend\n";
+    return starter().validate(AIPParser::parse_string(text, starter(), {}).data);
+}
+
+TEST(StarterSchema, AcceptsEveryWordOfEveryEnumAndNoOther) {
+    int words = 0;
+    for (const auto& [section, body] : starter().tables().sections) {
+        for (const auto& [entry, spec] : body.entries) {
+            for (const std::string& word : spec.allowed) {
+                EXPECT_TRUE(issues_of(section, entry + " " + word).empty()) << entry << " " << word;
+                const std::vector<ValidationIssue> issues = issues_of(section, entry + " " + word + "x");
+                ASSERT_EQ(issues.size(), 1U) << entry;
+                EXPECT_EQ(issues[0].code, "amesp.invalid_value");
+                ++words;
+            }
+        }
+    }
+    EXPECT_GT(words, 0);
+}
+
+TEST(StarterSchema, BoundsTheCycles) {
+    for (const char* const section : {"scf", "opt"}) {
+        EXPECT_TRUE(issues_of(section, "MaxIter = 1").empty());
+        const std::vector<ValidationIssue> issues = issues_of(section, "maxcyc 0");
+        ASSERT_EQ(issues.size(), 1U);
+        EXPECT_EQ(issues[0].code, "amesp.value_below_minimum");
     }
 }
 
