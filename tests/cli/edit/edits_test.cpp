@@ -91,9 +91,7 @@ INSTANTIATE_TEST_SUITE_P(
                     std::vector<std::string>{"--method", ""}, std::vector<std::string>{"--entry", "notes.a=b"},
                     std::vector<std::string>{"--entry", "scf.a=b=c"}, std::vector<std::string>{"--entry", "scf.a b=c"},
                     std::vector<std::string>{"--entry", "scf.end="},
-                    std::vector<std::string>{"--entry",
-                                             "scf.x=\n"
-                                             "end"},
+                    std::vector<std::string>{"--entry", "scf.x=1\nend"},
                     std::vector<std::string>{"--remove-section", "xyz"}));
 
 TEST(Set, WritesWhatIsForced) {
