@@ -67,7 +67,9 @@ void add_geom(CLI::App& program, Run& run) {
         ->type_name("M")
         ->needs(from);
     add_edit_options(*geom, options->output);
-    geom->add_option("-o,--output", options->output.path, "Write to this file")->type_name("OUT");
+    geom->add_option("-o,--output", options->output.path, "Write to this file")
+        ->type_name("OUT")
+        ->excludes(geom->get_option("--in-place"));
     geom->add_flag("--dry-run", options->output.diff, "Print the change, for patch -p1, and write nothing");
     geom->callback([options, &run, to, from] {
         if (to->empty() && from->empty()) {

@@ -52,7 +52,9 @@ void add_set(CLI::App& program, Run& run) {
     }
     options->edits.add_charge_options(*set);
     add_edit_options(*set, options->output);
-    set->add_option("-o,--output", options->output.path, "Write to this file")->type_name("OUT");
+    set->add_option("-o,--output", options->output.path, "Write to this file")
+        ->type_name("OUT")
+        ->excludes(set->get_option("--in-place"));
     set->add_flag("--dry-run", options->output.diff, "Print the change, for patch -p1, and write nothing");
     set->callback([options, &run] { run = [options] { return run_set(*options); }; });
 }

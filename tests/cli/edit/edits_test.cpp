@@ -148,6 +148,20 @@ INSTANTIATE_TEST_SUITE_P(Verbs, Misuse,
                                          std::vector<std::string>{"fmt", "--schema", "/nonexistent", "-"},
                                          std::vector<std::string>{"get", "/nonexistent", "!"}));
 
+TEST(Set, TakesOneOfInPlaceAndOutput) {
+    const TempDir dir;
+    write_file(dir / "a.inp", water);
+    for (const std::vector<std::string>& verb :
+         {std::vector<std::string>{"set", "--unset-directive", "maxcore"}, {"geom", "--from-xyz", dir / "m.xyz"}}) {
+        std::vector<std::string> arguments = verb;
+        write_file(dir / "m.xyz", "1\n\nHe 0 0 0\n");
+        arguments.insert(arguments.end(), {"-i", dir / "a.inp", "-o", dir / "b.inp"});
+        EXPECT_EQ(run_edit(arguments).status, 2);
+        EXPECT_EQ(dir.entry_count(), 2U);
+        EXPECT_EQ(read_file(dir / "a.inp"), water);
+    }
+}
+
 constexpr auto molecule =
     "2\ncharge=1 multiplicity=2\nO 0.0000000000 0.0000000000 0.0000000000\nH 0.0000000000 0.0000000000 0.9700000000\n";
 
