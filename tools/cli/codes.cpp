@@ -14,6 +14,36 @@ constexpr std::string_view required_schema =
     "  scf: {parse_mode: key_value, required: true, entries: {maxcyc: {value_type: integer, required: true}}}\n";
 
 constexpr auto codes = std::to_array<CodeInfo>({
+    {"amesp-inp.added_end", "warning", "Formatting would add the missing 'end' of a section.",
+     "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "See whether the section was meant to end earlier, and write its 'end' there.", ""},
+    {"amesp-inp.dropped_marker", "warning", "Formatting would drop a line that holds '%', '!' or '>' alone.",
+     "! hf sto-3g\n%\n\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Remove the line, or complete it.", ""},
+    {"amesp-inp.dropped_words", "error",
+     "Canonical text has no place for words after the coordinates of an atom, or after charge and multiplicity in the "
+     ">xyz header. They would be lost, and the file is refused.",
+     "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0 frozen\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\n  # He: frozen\nend\n",
+     "Move the words into a comment of their own, or format with --force.", ""},
+    {"amesp-inp.moved_blank_lines", "warning", "Formatting would lay out blank lines anew.",
+     "# helium\n\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n", "# helium\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Nothing is lost but the layout.", ""},
+    {"amesp-inp.moved_line", "warning",
+     "Formatting would move a line: directives and the method line come first, comments and loose lines after what "
+     "they "
+     "stand between.",
+     "! hf sto-3g\n# the geometry\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "# the geometry\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Put comments at the head of the file, where they stay.", ""},
+    {"amesp-inp.reads_differently", "error",
+     "The canonical text would be read back as something else: a value that holds '=', a key that holds a blank, an "
+     "entry named 'end'. The file is refused.",
+     "! hf sto-3g\n\n>scf\n  my note = x\nend\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n\n>scf\n  note = x\nend\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Change the name or the value, or leave the file unformatted.", ""},
+    {"amesp-inp.rounded", "warning", "Formatting would round coordinates to ten decimals.",
+     "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.12345678901\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.1234567890\nend\n",
+     "Leave the file unformatted where more digits matter.", ""},
     {"amesp.duplicate_section", "error",
      "A section that the schema allows only once stands in the input several times.",
      "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>scf\n  conv 1e-6\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
