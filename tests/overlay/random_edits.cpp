@@ -40,7 +40,7 @@ public:
             case 8:
                 return remove_entry();
             default:
-                return set_geometry();
+                return random_.one_in(2) ? set_geometry() : move_atom();
         }
     }
 
@@ -158,6 +158,19 @@ private:
     double coordinate() {
         static const std::vector<double> list = {0.0, -0.0, 1e-11, 1.0 / 3.0, 1e300, -7.25, 123456.789};
         return random_.one_in(2) ? random_.of(list) : static_cast<double>(random_.below(4000)) / 1000 - 2;
+    }
+
+    // Through the reference that the editor hands out.
+    void move_atom() {
+        if (editor_.data().find_section("xyz") == nullptr) {
+            return;
+        }
+        std::vector<AtomRecord>& atoms = editor_.upsert_section("xyz", {}).atoms;
+        if (!atoms.empty()) {
+            const std::size_t index = random_.below(atoms.size());
+            note("upsert_section", "xyz", "atom " + std::to_string(index));
+            atoms[index].z = coordinate();
+        }
     }
 
     AtomRecord atom() { return {random_.of(symbols), coordinate(), coordinate(), coordinate(), "", {}}; }

@@ -108,6 +108,7 @@ private:
         }
         compare(before.entries, after.entries,
                 [](const SectionEntry& a, const SectionEntry& b) { return a.key == b.key && a.value == b.value; });
+        compare(before.atoms, after.atoms, same_atom);
     }
 
     std::size_t stop(const Section& section) const {
