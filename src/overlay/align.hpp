@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -43,11 +43,6 @@ public:
 
 private:
     using Pair = std::pair<std::size_t, std::size_t>;
-    struct Occurrences {
-        std::size_t old_count = 0;
-        std::size_t new_count = 0;
-        Pair last;
-    };
 
     bool same(std::size_t old_index, std::size_t new_index) const { return old_key_(old_index) == new_key_(new_index); }
 
@@ -63,27 +58,46 @@ private:
         }
     }
 
+    // Hash of a key, and where the key stands.
+    using Keyed = std::pair<std::size_t, std::size_t>;
+
+    // The keys from `begin_` on whose hash occurs once, ascending.
+    template <class Key>
+    std::vector<Keyed> unique_keys(std::size_t stop, const Key& key) const {
+        std::vector<Keyed> keys;
+        keys.reserve(stop - begin_);
+        for (std::size_t i = begin_; i < stop; ++i) {
+            keys.emplace_back(std::hash<std::string>()(key(i)), i);
+        }
+        std::sort(keys.begin(), keys.end());
+        std::vector<Keyed> unique;
+        for (auto key_at = keys.begin(); key_at != keys.end();) {
+            const auto next =
+                std::find_if(key_at, keys.end(), [&](const Keyed& k) { return k.first != key_at->first; });
+            if (next - key_at == 1) {
+                unique.push_back(*key_at);
+            }
+            key_at = next;
+        }
+        return unique;
+    }
+
     // The pairs of unique keys, reduced to the longest run that ascends on both sides.
     std::vector<Pair> anchors() const {
-        std::unordered_map<std::string, Occurrences> keys;
-        for (std::size_t i = begin_; i < old_stop_; ++i) {
-            Occurrences& seen = keys[std::string(old_key_(i))];
-            ++seen.old_count;
-            seen.last.first = i;
-        }
-        for (std::size_t i = begin_; i < new_stop_; ++i) {
-            Occurrences& seen = keys[std::string(new_key_(i))];
-            ++seen.new_count;
-            seen.last.second = i;
-        }
-        std::vector<Pair> unique;
-        for (const auto& [key, seen] : keys) {
-            if (seen.old_count == 1 && seen.new_count == 1) {
-                unique.push_back(seen.last);
+        const std::vector<Keyed> old_keys = unique_keys(old_stop_, old_key_);
+        const std::vector<Keyed> new_keys = unique_keys(new_stop_, new_key_);
+        std::vector<Pair> pairs;
+        auto old_at = old_keys.begin();
+        for (const auto& [hash, index] : new_keys) {
+            while (old_at != old_keys.end() && old_at->first < hash) {
+                ++old_at;
+            }
+            if (old_at != old_keys.end() && old_at->first == hash && same(old_at->second, index)) {
+                pairs.emplace_back(old_at->second, index);
             }
         }
-        std::sort(unique.begin(), unique.end());
-        return longest_ascending(unique);
+        std::sort(pairs.begin(), pairs.end());
+        return longest_ascending(pairs);
     }
 
     static std::vector<Pair> longest_ascending(const std::vector<Pair>& pairs) {
