@@ -100,27 +100,26 @@ EntryStyle style_of(const Overlay& overlay, const std::vector<SectionEntry>& ent
         return style;
     }
     style.indent = parts_of(overlay.lines.raw(line_of(entries.back()))).indent;
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-        const std::string_view line = overlay.lines.raw(line_of(*entry));
-        const Parts parts = parts_of(line);
-        if (parts.value.empty()) {
-            continue;
-        }
-        style.separator = parts.separator;
-        const std::size_t padding = parts.separator.find_first_not_of(' ');
-        const bool padded = std::min(padding, parts.separator.size()) > 1;
-        style.value_column = padded ? offset_in(line, parts.value) - parts.indent.size() : 0;
-        break;
+    const auto last = std::find_if(entries.rbegin(), entries.rend(), [&](const SectionEntry& entry) {
+        return !parts_of(overlay.lines.raw(line_of(entry))).value.empty();
+    });
+    if (last == entries.rend()) {
+        return style;
     }
+    const std::string_view line = overlay.lines.raw(line_of(*last));
+    const Parts parts = parts_of(line);
+    style.separator = parts.separator;
+    const std::size_t padding = std::min(parts.separator.find_first_not_of(' '), parts.separator.size());
+    style.value_column = padding > 1 ? offset_in(line, parts.value) - parts.indent.size() : 0;
     return style;
 }
 
 // Padded so that the values stand in one column, as they do in the line that the style was taken from.
 std::string separator_for(std::string_view key, const EntryStyle& style) {
-    const std::size_t padding = std::min(style.separator.find_first_not_of(' '), style.separator.size());
     if (style.value_column == 0) {
         return std::string(style.separator);
     }
+    const std::size_t padding = std::min(style.separator.find_first_not_of(' '), style.separator.size());
     const std::string_view rest = style.separator.substr(padding);
     const std::size_t used = key.size() + rest.size();
     return std::string(style.value_column > used ? style.value_column - used : 1, ' ') + std::string(rest);

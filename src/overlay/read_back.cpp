@@ -50,12 +50,4 @@ std::optional<Section> read_header(std::string_view header, const InputSchema& s
     return std::nullopt;
 }
 
-std::optional<SectionEntry> read_entry(std::string_view header, std::string_view line, const InputSchema& schema) {
-    std::optional<Section> section = read_section(header, line, schema);
-    if (!section || section->entries.size() != 1 || !section->raw_lines.empty()) {
-        return std::nullopt;
-    }
-    return std::move(section->entries.front());
-}
-
 }  // namespace velk::input::amesp::overlay

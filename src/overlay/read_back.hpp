@@ -16,6 +16,5 @@ std::optional<MethodToken> read_method_token(std::string_view token, const Input
 // The open section under a header line, with one body line or none.
 std::optional<Section> read_section(std::string_view header, std::string_view body_line, const InputSchema& schema);
 std::optional<Section> read_header(std::string_view header, const InputSchema& schema);
-std::optional<SectionEntry> read_entry(std::string_view header, std::string_view line, const InputSchema& schema);
 
 }  // namespace velk::input::amesp::overlay
