@@ -13,6 +13,14 @@
 
 namespace velk::input::amesp {
 
+// What `AIPEditor::render_over` returns.
+struct OverlayResult {
+    std::string text;
+    // What was not written, all of error severity: "amesp.not_expressible" for a record that no line reads back as,
+    // "amesp.not_of_this_text" for a list that does not go with the text. Empty when the text holds the document.
+    std::vector<ValidationIssue> problems;
+};
+
 // Owns a document and shares a schema. One thread at a time may use an editor; its const operations may run
 // concurrently with each other.
 //
@@ -48,6 +56,26 @@ public:
     // Renders and replaces the file at `path` atomically. Throws std::runtime_error, beginning "failed to write AMESP
     // input file '", when that fails; the file is then as it was.
     VELK_AMESP_INP_EXPORT void write_file(const std::string& path) const;
+
+    // `original` with the differences of the document applied, and every other byte as it was. The document must have
+    // been read from that very text, with that `preserve_unknown`; the editor's operations are what may have happened
+    // to it since. Without edits the text comes back as it is.
+    //
+    // - A record is found again by its location. Its line changes in the bytes of its value alone; the line of a
+    //   removed record goes, of a removed section all from its header to its "end", of a removed token the word.
+    // - A new directive follows the last one, or stands above the method line; a new token follows the one before it
+    //   in the list; a new entry follows the last of its section, laid out like it; a new section comes last, after a
+    //   blank line. A new geometry stands where the first removed one stood, and shares the lines of equal atoms.
+    // - Names and values are written as `render` spells them; an entry whose value holds a '=' as "key = value". Each
+    //   written line is read back; one that would not give its record is not written but reported, and what the text
+    //   had in its place stays. Lists that do not go with the text (locations of another text, another order, changed
+    //   comments or kept lines) are reported, and left alone likewise.
+    // - A missing last "end" or line end is added when something has to follow it; the "end" also when the section was
+    //   set to be terminated. Added lines end like the line before them.
+    // - Of an "xyz" section that stays, charge and multiplicity speak when they were changed, else the arguments.
+    //
+    // Throws nothing but std::bad_alloc. Time and memory are proportional to the text: about one parse and a copy.
+    VELK_AMESP_INP_EXPORT OverlayResult render_over(std::string_view original, bool preserve_unknown = true) const;
 
     // Updates the first directive of that name or appends one. An empty value is stored as such.
     VELK_AMESP_INP_EXPORT void set_directive(std::string name, std::string value);

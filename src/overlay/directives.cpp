@@ -1,0 +1,105 @@
+// '%' lines.
+#include <string>
+
+#include <velk/core/text_view.hpp>
+
+#include "overlay/overlay.hpp"
+#include "overlay/partners.hpp"
+#include "overlay/read_back.hpp"
+#include "overlay/words.hpp"
+
+namespace velk::input::amesp::overlay {
+namespace {
+
+using core::text::take_word;
+using core::text::trim_view;
+
+bool reads_as(const Overlay& overlay, std::string_view line, const Directive& wanted) {
+    const std::optional<Directive> read = read_directive(line, overlay.schema);
+    return read && read->value == trim_view(wanted.value) &&
+           overlay.schema.canonical_directive(read->name) == overlay.schema.canonical_directive(wanted.name);
+}
+
+std::string with_value(std::string_view line, std::string_view name, std::string_view value) {
+    const std::string_view old = trim_view(line.substr(offset_in(line, name) + name.size()));
+    if (value.empty()) {
+        const std::size_t name_end = offset_in(line, name) + name.size();
+        const std::size_t old_end = old.empty() ? name_end : offset_in(line, old) + old.size();
+        return with_part(line, line.substr(name_end, old_end - name_end), {});
+    }
+    if (old.empty()) {
+        return with_part(line, name, std::string(name) + ' ' + std::string(value));
+    }
+    return with_part(line, old, value);
+}
+
+void change(Overlay& overlay, const Directive& before, const Directive& after) {
+    const std::string_view line = overlay.lines.raw(line_of(before));
+    const auto replaced = [&](std::string_view base) {
+        std::string_view rest = base.substr(static_cast<std::size_t>(before.location->column));
+        const std::string_view name = take_word(rest);
+        return with_value(base, name, trim_view(after.value));
+    };
+    std::string text = replaced(line);
+    if (!reads_as(overlay, text, after)) {
+        std::string_view rest = line.substr(static_cast<std::size_t>(before.location->column));
+        text = replaced(with_part(line, take_word(rest), overlay.schema.canonical_directive(after.name)));
+    }
+    if (!reads_as(overlay, text, after)) {
+        return overlay.problems.cannot_write("Directive '" + after.name + "'", after.location);
+    }
+    overlay.patch.replace(line_of(before), std::move(text));
+}
+
+std::string new_line(const Overlay& overlay, const Directive& directive) {
+    std::string line = "% " + overlay.schema.canonical_directive(directive.name);
+    if (const std::string_view value = trim_view(directive.value); !value.empty()) {
+        line += ' ';
+        line += value;
+    }
+    return line;
+}
+
+std::size_t place_without_directives(const LineTable& lines) {
+    if (const std::optional<std::size_t> method_line = lines.first_method_line()) {
+        return *method_line;
+    }
+    return lines.sections().empty() ? lines.size() : lines.sections().front().header;
+}
+
+}  // namespace
+
+void lay_directives(Overlay& overlay, const AIPData& before, const AIPData& after) {
+    const auto partner = partners(before.directives, after.directives);
+    if (!partner) {
+        return overlay.problems.not_of_this_text("The list of directives", std::nullopt);
+    }
+    const std::vector<bool> removed = without_partner(before.directives.size(), *partner);
+    for (std::size_t i = 0; i < removed.size(); ++i) {
+        if (removed[i]) {
+            overlay.patch.drop(line_of(before.directives[i]));
+        }
+    }
+    for (std::size_t i = 0; i < after.directives.size(); ++i) {
+        const Directive& wanted = after.directives[i];
+        if ((*partner)[i] != no_partner) {
+            const Directive& old = before.directives[(*partner)[i]];
+            if (old.name != wanted.name || old.value != wanted.value) {
+                change(overlay, old, wanted);
+            }
+            continue;
+        }
+        std::string line = new_line(overlay, wanted);
+        if (!reads_as(overlay, line, wanted)) {
+            overlay.problems.cannot_write("Directive '" + wanted.name + "'", wanted.location);
+            continue;
+        }
+        const std::size_t next = next_partner(*partner, i);
+        const std::size_t slot = next != no_partner          ? line_of(before.directives[next])
+                                 : before.directives.empty() ? place_without_directives(overlay.lines)
+                                                             : line_of(before.directives.back()) + 1;
+        overlay.patch.insert(slot, InsertOrder::directive, std::move(line));
+    }
+}
+
+}  // namespace velk::input::amesp::overlay

@@ -1,0 +1,191 @@
+// The lines of key-value sections.
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include <velk/core/text_view.hpp>
+
+#include "model/key.hpp"
+#include "overlay/overlay.hpp"
+#include "overlay/partners.hpp"
+#include "overlay/read_back.hpp"
+#include "overlay/words.hpp"
+
+namespace velk::input::amesp::overlay {
+namespace {
+
+using core::text::is_space;
+using core::text::take_word;
+using core::text::trim_view;
+
+// Views into one entry line.
+struct Parts {
+    std::string_view indent;
+    std::string_view key;
+    std::string_view separator;  // up to the value; without a value, up to and including the '=', if there is one
+    std::string_view value;
+};
+
+Parts parts_of(std::string_view line) {
+    const std::string_view text = trim_view(line);
+    const std::size_t equals = text.find('=');
+    std::string_view rest = text;
+    Parts parts;
+    parts.indent = line.substr(0, offset_in(line, text));
+    parts.key = equals == std::string_view::npos ? take_word(rest) : trim_view(text.substr(0, equals));
+    rest = equals == std::string_view::npos ? rest : text.substr(equals + 1);
+    parts.value = trim_view(rest);
+    const std::size_t key_end = offset_in(line, parts.key) + parts.key.size();
+    const std::size_t stop = offset_in(line, parts.value.empty() ? rest : parts.value);
+    parts.separator = line.substr(key_end, stop - key_end);
+    return parts;
+}
+
+std::string with_value(std::string_view line, std::string_view value) {
+    const Parts parts = parts_of(line);
+    const std::size_t key_end = offset_in(line, parts.key) + parts.key.size();
+    const std::size_t equals = parts.separator.find('=');
+    const std::size_t begin = equals == std::string_view::npos ? key_end : key_end + equals + 1;
+    const std::size_t end = parts.value.empty() ? begin : offset_in(line, parts.value) + parts.value.size();
+    if (!value.empty() && !parts.value.empty()) {
+        return with_part(line, parts.value, value);
+    }
+    return with_part(line, line.substr(begin, end - begin), value.empty() ? std::string() : ' ' + std::string(value));
+}
+
+// "key = value", which also holds values with a '=' and keys that mean something else on their own.
+std::string with_equals(std::string_view indent, std::string_view key, std::string_view value) {
+    std::string line(indent);
+    line += key;
+    line += " =";
+    if (!value.empty()) {
+        line += ' ';
+        line += value;
+    }
+    return line;
+}
+
+bool reads_as(const Overlay& overlay, std::string_view header, std::string_view line, const SectionEntry& wanted) {
+    const std::optional<Section> section = read_section(header, line, overlay.schema);
+    if (!section || section->entries.size() != 1 || !section->raw_lines.empty()) {
+        return false;
+    }
+    const SectionEntry& read = section->entries.front();
+    return read.value == trim_view(wanted.value) && overlay.schema.canonical_entry(section->name, read.key) ==
+                                                        overlay.schema.canonical_entry(section->name, wanted.key);
+}
+
+std::string name_of(const SectionChange& change, const SectionEntry& entry) {
+    return "Entry '" + entry.key + "' of section '>" + change.after.name + "'";
+}
+
+void change_line(Overlay& overlay, const SectionChange& change, const SectionEntry& before, const SectionEntry& after) {
+    const std::string_view line = overlay.lines.raw(line_of(before));
+    const Parts parts = parts_of(line);
+    const std::string_view value = trim_view(after.value);
+    const std::string renamed = with_part(line, parts.key, after.key);
+    for (std::string& text : std::array{with_value(line, value), with_equals(parts.indent, parts.key, value),
+                                        with_value(renamed, value), with_equals(parts.indent, after.key, value)}) {
+        if (reads_as(overlay, change.header, text, after)) {
+            return overlay.patch.replace(line_of(before), text);
+        }
+    }
+    overlay.problems.cannot_write(name_of(change, after), after.location);
+}
+
+// What a line added to the section shall look like: its last line, and its last line with a value.
+EntryStyle style_of(const Overlay& overlay, const std::vector<SectionEntry>& entries) {
+    EntryStyle style;
+    if (entries.empty()) {
+        return style;
+    }
+    style.indent = parts_of(overlay.lines.raw(line_of(entries.back()))).indent;
+    const auto last = std::find_if(entries.rbegin(), entries.rend(), [&](const SectionEntry& entry) {
+        return !parts_of(overlay.lines.raw(line_of(entry))).value.empty();
+    });
+    if (last == entries.rend()) {
+        return style;
+    }
+    const std::string_view line = overlay.lines.raw(line_of(*last));
+    const Parts parts = parts_of(line);
+    style.separator = parts.separator;
+    const std::size_t padding = std::min(parts.separator.find_first_not_of(' '), parts.separator.size());
+    style.value_column = padding > 1 ? offset_in(line, parts.value) - parts.indent.size() : 0;
+    return style;
+}
+
+// Padded so that the values stand in one column, as they do in the line that the style was taken from.
+std::string separator_for(std::string_view key, const EntryStyle& style) {
+    if (style.value_column == 0) {
+        return std::string(style.separator);
+    }
+    const std::size_t padding = std::min(style.separator.find_first_not_of(' '), style.separator.size());
+    const std::string_view rest = style.separator.substr(padding);
+    const std::size_t used = key.size() + rest.size();
+    return std::string(style.value_column > used ? style.value_column - used : 1, ' ') + std::string(rest);
+}
+
+}  // namespace
+
+std::string entry_line(const Overlay& overlay, std::string_view header, const SectionEntry& entry,
+                       const EntryStyle& style) {
+    const std::string_view key = trim_view(entry.key);
+    const std::string_view value = trim_view(entry.value);
+    if (std::any_of(key.begin(), key.end(), is_space)) {
+        return {};  // would be another entry to everyone who does not look for the '='
+    }
+    std::string same_style(style.indent);
+    same_style += key;
+    if (!value.empty()) {
+        same_style += separator_for(key, style);
+        same_style += value;
+    }
+    for (std::string& line : std::array{same_style, with_equals(style.indent, key, value)}) {
+        if (reads_as(overlay, header, line, entry)) {
+            return line;
+        }
+    }
+    return {};
+}
+
+void lay_entries(Overlay& overlay, const SectionChange& change) {
+    const std::vector<SectionEntry> none;
+    const std::vector<SectionEntry>& before = change.replaced ? none : change.before.entries;
+    const std::vector<SectionEntry>& after = change.after.entries;
+    const auto partner = partners(before, after);
+    if (!partner) {
+        return overlay.problems.not_of_this_text("The list of entries of section '>" + change.after.name + "'",
+                                                 change.after.location);
+    }
+    const std::vector<bool> removed = without_partner(before.size(), *partner);
+    for (std::size_t i = 0; i < removed.size(); ++i) {
+        if (removed[i]) {
+            overlay.patch.drop(line_of(before[i]));
+        }
+    }
+    std::optional<EntryStyle> style;
+    for (std::size_t i = 0; i < after.size(); ++i) {
+        if ((*partner)[i] != no_partner) {
+            const SectionEntry& old = before[(*partner)[i]];
+            if (old.key != after[i].key || old.value != after[i].value) {
+                change_line(overlay, change, old, after[i]);
+            }
+            continue;
+        }
+        if (!style) {
+            style = style_of(overlay, before);
+        }
+        std::string line = entry_line(overlay, change.header, after[i], *style);
+        if (line.empty()) {
+            overlay.problems.cannot_write(name_of(change, after[i]), after[i].location);
+            continue;
+        }
+        const std::size_t next = next_partner(*partner, i);
+        const std::size_t slot = next != no_partner ? line_of(before[next])
+                                 : before.empty()   ? change.extent.stop
+                                                    : line_of(before.back()) + 1;
+        overlay.patch.insert(slot, InsertOrder::body, std::move(line));
+    }
+}
+
+}  // namespace velk::input::amesp::overlay

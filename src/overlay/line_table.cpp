@@ -1,0 +1,61 @@
+// A text as a table of lines.
+#include "overlay/line_table.hpp"
+
+#include <algorithm>
+
+#include <velk/core/text_view.hpp>
+
+#include "parser/line.hpp"
+
+namespace velk::input::amesp {
+
+LineTable::LineTable(std::string_view text) : text_(text) {
+    bool in_section = false;
+    LineCursor cursor(text);
+    for (Line line; cursor.next(line);) {
+        const std::size_t index = lines_.size();
+        lines_.push_back({static_cast<std::size_t>(line.raw.data() - text.data()), line.raw.size()});
+        if (!in_section) {
+            add_outer_line(line.text, in_section);
+        } else if (is_section_end(line.text)) {
+            sections_.back().stop = index;
+            sections_.back().terminated = true;
+            in_section = false;
+        }
+    }
+    if (in_section) {
+        sections_.back().stop = lines_.size();
+    }
+}
+
+void LineTable::add_outer_line(std::string_view text, bool& in_section) {
+    const std::size_t index = lines_.size() - 1;
+    const LineKind kind = classify(text);
+    if (kind == LineKind::method_line && !first_method_line_) {
+        first_method_line_ = index;
+    }
+    if (kind == LineKind::section_header && text.size() > 1) {  // trimmed, so there is a name
+        sections_.push_back({index, index, false});
+        in_section = true;
+    }
+}
+
+std::size_t LineTable::end_of(std::size_t line) const {
+    return line + 1 < lines_.size() ? lines_[line + 1].begin : text_.size();
+}
+
+std::string_view LineTable::line_end(std::size_t line) const {
+    const std::size_t begin = lines_[line].begin + lines_[line].size;
+    return text_.substr(begin, end_of(line) - begin);
+}
+
+std::string_view LineTable::whole(std::size_t line) const {
+    return text_.substr(lines_[line].begin, end_of(line) - lines_[line].begin);
+}
+
+const SectionLines& LineTable::section_at(std::size_t header) const {
+    return *std::lower_bound(sections_.begin(), sections_.end(), header,
+                             [](const SectionLines& section, std::size_t line) { return section.header < line; });
+}
+
+}  // namespace velk::input::amesp

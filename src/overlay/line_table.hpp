@@ -1,0 +1,49 @@
+// A text as a table of lines, and where its sections begin and end: what the parser sees, without making records.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace velk::input::amesp {
+
+// Lines are counted from 0 here: the line of a location, less one.
+struct SectionLines {
+    std::size_t header = 0;
+    std::size_t stop = 0;  // the "end" line, or the number of lines when there is none
+    bool terminated = false;
+};
+
+// Views into the text, which must outlive the table.
+class LineTable {
+public:
+    explicit LineTable(std::string_view text);
+
+    std::size_t size() const noexcept { return lines_.size(); }
+    std::string_view raw(std::size_t line) const { return text_.substr(lines_[line].begin, lines_[line].size); }
+    std::string_view line_end(std::size_t line) const;
+    // The bytes of a line with its line end.
+    std::string_view whole(std::size_t line) const;
+
+    const std::vector<SectionLines>& sections() const noexcept { return sections_; }
+    // The section whose header is that line, which must be one.
+    const SectionLines& section_at(std::size_t header) const;
+    bool ends_in_open_section() const noexcept { return !sections_.empty() && !sections_.back().terminated; }
+    std::optional<std::size_t> first_method_line() const noexcept { return first_method_line_; }
+
+private:
+    struct Extent {
+        std::size_t begin = 0;
+        std::size_t size = 0;  // without the line end
+    };
+    void add_outer_line(std::string_view text, bool& in_section);
+    std::size_t end_of(std::size_t line) const;
+
+    std::string_view text_;
+    std::vector<Extent> lines_;
+    std::vector<SectionLines> sections_;
+    std::optional<std::size_t> first_method_line_;
+};
+
+}  // namespace velk::input::amesp

@@ -1,0 +1,86 @@
+// Sections that the text did not have, laid out as rendering would.
+#include <string>
+#include <vector>
+
+#include <velk/core/text_view.hpp>
+
+#include "overlay/overlay.hpp"
+#include "overlay/read_back.hpp"
+
+namespace velk::input::amesp::overlay {
+namespace {
+
+using core::text::trim_view;
+using Lines = std::vector<std::string>;
+
+constexpr std::string_view body_indent = "  ";
+
+std::string in_section(std::string what, const Section& section) {
+    return std::move(what) + " of section '>" + section.name + "'";
+}
+
+void add_atoms(Overlay& overlay, const Section& section, SectionParseMode mode, Lines& lines) {
+    if (mode != SectionParseMode::cartesian_coordinates) {
+        if (!section.atoms.empty()) {
+            overlay.problems.cannot_write(in_section("The atoms", section), section.location);
+        }
+        return;
+    }
+    for (std::size_t i = 0; i < section.atoms.size(); ++i) {
+        std::string line = atom_line(section.atoms[i], body_indent);
+        if (line.empty()) {
+            overlay.problems.cannot_write(in_section("Atom " + std::to_string(i + 1), section),
+                                          section.atoms[i].location);
+        } else {
+            lines.push_back(std::move(line));
+        }
+    }
+}
+
+void add_entries(Overlay& overlay, const Section& section, Lines& lines) {
+    for (const SectionEntry& entry : section.entries) {
+        std::string line = entry_line(overlay, lines.front(), entry, {});
+        if (line.empty()) {
+            overlay.problems.cannot_write(in_section("Entry '" + entry.key + "'", section), entry.location);
+        } else {
+            lines.push_back(std::move(line));
+        }
+    }
+}
+
+void add_raw_lines(Overlay& overlay, const Section& section, Lines& lines) {
+    for (const std::string& raw : section.raw_lines) {
+        if (std::optional<std::string> line = raw_line(overlay, lines.front(), raw)) {
+            lines.push_back(std::move(*line));
+        } else {
+            overlay.problems.cannot_write(in_section("A kept line", section), section.location);
+        }
+    }
+}
+
+}  // namespace
+
+std::optional<std::string> raw_line(const Overlay& overlay, std::string_view header, std::string_view raw) {
+    std::string line = raw.empty() ? std::string() : std::string(body_indent) + std::string(trim_view(raw));
+    const std::optional<Section> read = read_section(header, line + '\n', overlay.schema);
+    if (!read || read->raw_lines != std::vector{line} || !read->entries.empty() || !read->atoms.empty()) {
+        return std::nullopt;
+    }
+    return line;
+}
+
+std::vector<std::string> section_lines(Overlay& overlay, const Section& section) {
+    Lines lines{header_line(overlay, section)};
+    const std::optional<Section> read = read_header(lines.front(), overlay.schema);
+    if (!read) {
+        overlay.problems.cannot_write("Section '>" + section.name + "'", section.location);
+        return {};
+    }
+    add_atoms(overlay, section, read->parse_mode, lines);
+    add_entries(overlay, section, lines);
+    add_raw_lines(overlay, section, lines);
+    lines.emplace_back("end");
+    return lines;
+}
+
+}  // namespace velk::input::amesp::overlay

@@ -1,0 +1,74 @@
+// What the laying of a document over a text works with, and one function for each kind of record.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <velk/input/amesp/document.hpp>
+#include <velk/input/amesp/schema.hpp>
+
+#include "overlay/line_table.hpp"
+#include "overlay/patch.hpp"
+#include "overlay/problems.hpp"
+
+namespace velk::input::amesp::overlay {
+
+struct Overlay {
+    const InputSchema& schema;
+    bool preserve_unknown;
+    const LineTable& lines;
+    Patch& patch;
+    Problems& problems;
+    bool close_open_section = false;  // the edited document says that the last section, which has no "end", has one
+};
+
+// The line that a record read from the text stands in.
+template <class Record>
+std::size_t line_of(const Record& record) {
+    return static_cast<std::size_t>(record.location->line - 1);
+}
+
+// In all of these `before` is what the text holds and `after` what it shall hold.
+void lay_directives(Overlay& overlay, const AIPData& before, const AIPData& after);
+void lay_method_tokens(Overlay& overlay, const AIPData& before, const AIPData& after);
+void lay_sections(Overlay& overlay, const AIPData& before, const AIPData& after);
+
+// A section of the text that stays, or one that gives way to a new geometry and keeps only its comments.
+struct SectionChange {
+    const Section& before;
+    const Section& after;
+    const SectionLines& extent;
+    std::string header;     // as the text shall hold it
+    SectionParseMode mode;  // of the section under that header
+    bool replaced;
+};
+// Returns the header as the text shall hold it.
+std::string lay_header(Overlay& overlay, const SectionChange& change);
+void lay_entries(Overlay& overlay, const SectionChange& change);
+void lay_atoms(Overlay& overlay, const SectionChange& change);
+
+// The line of an atom with that indentation; empty when no line reads back as the atom.
+std::string atom_line(const AtomRecord& atom, std::string_view indent);
+
+// The lines of an entry that the section did not have, in the order to be tried.
+struct EntryStyle {
+    std::string_view indent = "  ";
+    std::string_view separator = " ";
+    std::size_t value_column = 0;  // 0: the separator is not padded
+};
+std::string entry_line(const Overlay& overlay, std::string_view header, const SectionEntry& entry,
+                       const EntryStyle& style);
+
+// The header line of a section; empty when none reads back as the section's name and arguments.
+std::string header_line(const Overlay& overlay, const Section& section);
+
+// A kept line as rendering would write it; nothing when it would not read back as one.
+std::optional<std::string> raw_line(const Overlay& overlay, std::string_view header, std::string_view raw);
+
+// All lines of a section that the text did not have; none when it cannot be written.
+std::vector<std::string> section_lines(Overlay& overlay, const Section& section);
+
+}  // namespace velk::input::amesp::overlay

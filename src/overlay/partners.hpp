@@ -1,0 +1,60 @@
+// Finds the records of an edited document again among those of the text, by their location.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+#include <velk/input/amesp/document.hpp>
+
+#include "overlay/align.hpp"
+
+namespace velk::input::amesp::overlay {
+
+inline bool same_place(const std::optional<SourceLocation>& a, const std::optional<SourceLocation>& b) {
+    return a && b && a->line == b->line && a->column == b->column;
+}
+
+// For every record of `after` the one of `before` that stood at its location, `no_partner` for one without location.
+// Nothing when a location is none of `before`'s or the order is another.
+template <class Record>
+std::optional<std::vector<std::size_t>> partners(const std::vector<Record>& before, const std::vector<Record>& after) {
+    std::vector<std::size_t> result;
+    result.reserve(after.size());
+    std::size_t next = 0;
+    for (const Record& record : after) {
+        if (!record.location) {
+            result.push_back(no_partner);
+            continue;
+        }
+        while (next < before.size() && !same_place(before[next].location, record.location)) {
+            ++next;
+        }
+        if (next == before.size()) {
+            return std::nullopt;
+        }
+        result.push_back(next++);
+    }
+    return result;
+}
+
+// Which of `count` old records nobody goes on with.
+inline std::vector<bool> without_partner(std::size_t count, const std::vector<std::size_t>& partners_of_new) {
+    std::vector<bool> result(count, true);
+    for (const std::size_t partner : partners_of_new) {
+        if (partner != no_partner) {
+            result[partner] = false;
+        }
+    }
+    return result;
+}
+
+// Of the first record at or behind `from` that has a partner: that partner.
+inline std::size_t next_partner(const std::vector<std::size_t>& partners_of_new, std::size_t from) {
+    while (from < partners_of_new.size() && partners_of_new[from] == no_partner) {
+        ++from;
+    }
+    return from < partners_of_new.size() ? partners_of_new[from] : no_partner;
+}
+
+}  // namespace velk::input::amesp::overlay

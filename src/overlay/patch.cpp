@@ -1,0 +1,95 @@
+// What becomes of each line of a text.
+#include "overlay/patch.hpp"
+
+#include <algorithm>
+#include <string_view>
+
+#include <velk/core/text_view.hpp>
+
+namespace velk::input::amesp {
+namespace {
+
+bool ends_with_blank_line(std::string_view text) {
+    const std::size_t last = text.find_last_of('\n', text.empty() ? 0 : text.size() - 1);
+    if (last == std::string_view::npos || last + 1 != text.size()) {
+        return false;
+    }
+    const std::size_t before = last == 0 ? std::string_view::npos : text.find_last_of('\n', last - 1);
+    return core::text::trim_view(text.substr(before + 1)).empty();  // npos + 1 is 0
+}
+
+}  // namespace
+
+void Patch::drop(std::size_t first, std::size_t stop) {
+    std::fill(dropped_.begin() + static_cast<std::ptrdiff_t>(first),
+              dropped_.begin() + static_cast<std::ptrdiff_t>(stop), true);
+}
+
+void Patch::insert(std::size_t slot, InsertOrder order, std::string text) {
+    insertions_.push_back({slot, order, false, std::move(text)});
+}
+
+void Patch::insert_after_blank(std::size_t slot, InsertOrder order, std::string text) {
+    insertions_.push_back({slot, order, true, std::move(text)});
+}
+
+bool Patch::appends() const {
+    return std::any_of(insertions_.begin(), insertions_.end(), [this](const Insertion& insertion) {
+        return insertion.slot == lines_.size() && insertion.order > InsertOrder::section_end;
+    });
+}
+
+std::string_view Patch::line_end_at(std::size_t slot) const {
+    constexpr std::string_view line_feed = "\n";
+    if (lines_.size() == 0) {
+        return line_feed;
+    }
+    const std::size_t neighbour = slot == 0 ? 0 : slot - 1;
+    if (const std::string_view end = lines_.line_end(neighbour); !end.empty()) {
+        return end;
+    }
+    // The neighbour is the last line and has no line end, or half of one.
+    if (lines_.raw(neighbour).ends_with('\r')) {
+        return "\r\n";
+    }
+    return neighbour > 0 ? lines_.line_end(neighbour - 1) : line_feed;
+}
+
+void Patch::emit(std::string& out, const Insertion& insertion) const {
+    const std::string_view end = line_end_at(insertion.slot);
+    if (!out.empty() && out.back() != '\n') {
+        out += out.back() == '\r' ? std::string_view("\n") : end;
+    }
+    if (insertion.after_blank && !out.empty() && !ends_with_blank_line(out)) {
+        out += end;
+    }
+    out += insertion.text;
+    out += end;
+}
+
+std::string Patch::assemble() {
+    std::stable_sort(insertions_.begin(), insertions_.end(), [](const Insertion& a, const Insertion& b) {
+        return std::pair(a.slot, a.order) < std::pair(b.slot, b.order);
+    });
+    std::sort(replaced_.begin(), replaced_.end());
+    std::string out;
+    auto insertion = insertions_.begin();
+    auto replacement = replaced_.begin();
+    for (std::size_t line = 0; line <= lines_.size(); ++line) {
+        for (; insertion != insertions_.end() && insertion->slot == line; ++insertion) {
+            emit(out, *insertion);
+        }
+        if (line == lines_.size()) {
+            break;
+        }
+        const bool replaced = replacement != replaced_.end() && replacement->first == line;
+        if (!dropped_[line]) {
+            out += replaced ? std::string_view(replacement->second) : lines_.raw(line);
+            out += lines_.line_end(line);
+        }
+        replacement += replaced ? 1 : 0;
+    }
+    return out;
+}
+
+}  // namespace velk::input::amesp

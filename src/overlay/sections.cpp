@@ -1,0 +1,133 @@
+// Sections as a whole: which stay, go, are replaced or new.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include <velk/core/text_view.hpp>
+
+#include "model/geometry_names.hpp"
+#include "overlay/overlay.hpp"
+#include "overlay/partners.hpp"
+#include "overlay/read_back.hpp"
+#include "parser/line.hpp"
+
+namespace velk::input::amesp::overlay {
+namespace {
+
+using core::text::trim_view;
+
+bool holds_atoms(const Overlay& overlay, const Section& section) {
+    return overlay.schema.section_parse_mode(section.name) == SectionParseMode::cartesian_coordinates;
+}
+
+// A geometry without location stands where the first one was that the document no longer has.
+void let_geometry_take_over(const Overlay& overlay, const AIPData& before, const AIPData& after,
+                            std::vector<std::size_t>& partner) {
+    const auto is_geometry = [&](const Section& section) {
+        return is_geometry_section(overlay.schema.canonical_section(section.name));
+    };
+    const std::vector<bool> removed = without_partner(before.sections.size(), partner);
+    for (std::size_t i = 0; i < after.sections.size(); ++i) {
+        if (partner[i] != no_partner || !is_geometry(after.sections[i]) || !holds_atoms(overlay, after.sections[i])) {
+            continue;
+        }
+        for (std::size_t old = 0; old < removed.size(); ++old) {
+            if (removed[old] && is_geometry(before.sections[old])) {
+                partner[i] = old;
+                return;
+            }
+        }
+    }
+}
+
+// Of a geometry that gives way, only blank lines, comments and atoms mean something to the new one.
+void drop_what_a_new_geometry_does_not_know(Overlay& overlay, const SectionChange& change) {
+    auto atom = change.before.atoms.begin();
+    for (std::size_t line = change.extent.header + 1; line < change.extent.stop; ++line) {
+        if (atom != change.before.atoms.end() && line_of(*atom) == line) {
+            ++atom;
+            continue;
+        }
+        const LineKind kind = classify(trim_view(overlay.lines.raw(line)));
+        if (kind != LineKind::blank && kind != LineKind::comment) {
+            overlay.patch.drop(line);
+        }
+    }
+}
+
+void lay_raw_lines_of_new_geometry(Overlay& overlay, const SectionChange& change) {
+    for (const std::string& raw : change.after.raw_lines) {
+        if (std::optional<std::string> line = raw_line(overlay, change.header, raw)) {
+            overlay.patch.insert(change.extent.stop, InsertOrder::body, std::move(*line));
+        } else {
+            overlay.problems.cannot_write("A kept line of section '>" + change.after.name + "'", std::nullopt);
+        }
+    }
+}
+
+void lay_section(Overlay& overlay, const Section& before, const Section& after) {
+    const SectionLines& extent = overlay.lines.section_at(line_of(before));
+    const bool replaced = !after.location;
+    const SectionParseMode mode = replaced ? overlay.schema.section_parse_mode(after.name) : before.parse_mode;
+    SectionChange change{before, after, extent, {}, mode, replaced};
+    change.header = lay_header(overlay, change);
+    if (replaced) {
+        drop_what_a_new_geometry_does_not_know(overlay, change);
+    }
+    if (replaced) {
+        lay_raw_lines_of_new_geometry(overlay, change);
+    } else if (after.raw_lines != before.raw_lines) {
+        overlay.problems.not_of_this_text("The list of kept lines of section '>" + after.name + "'", after.location);
+    }
+    lay_entries(overlay, change);
+    lay_atoms(overlay, change);
+    overlay.close_open_section = overlay.close_open_section || (after.terminated && !extent.terminated);
+}
+
+void add_section(Overlay& overlay, const Section& section, std::size_t slot) {
+    std::vector<std::string> lines = section_lines(overlay, section);
+    if (lines.empty()) {
+        return;
+    }
+    overlay.patch.insert_after_blank(slot, InsertOrder::section, std::move(lines.front()));
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        overlay.patch.insert(slot, InsertOrder::section, std::move(lines[i]));
+    }
+    if (slot < overlay.lines.size()) {
+        overlay.patch.insert(slot, InsertOrder::section, {});
+    }
+}
+
+void drop_section(Overlay& overlay, const Section& section) {
+    const SectionLines& extent = overlay.lines.section_at(line_of(section));
+    overlay.patch.drop(extent.header, extent.stop + (extent.terminated ? 1 : 0));
+}
+
+}  // namespace
+
+void lay_sections(Overlay& overlay, const AIPData& before, const AIPData& after) {
+    const auto found = partners(before.sections, after.sections);
+    if (!found) {
+        return overlay.problems.not_of_this_text("The list of sections", std::nullopt);
+    }
+    std::vector<std::size_t> partner = *found;
+    let_geometry_take_over(overlay, before, after, partner);
+    const std::vector<bool> removed = without_partner(before.sections.size(), partner);
+    for (std::size_t i = 0; i < removed.size(); ++i) {
+        if (removed[i]) {
+            drop_section(overlay, before.sections[i]);
+        }
+    }
+    for (std::size_t i = 0; i < after.sections.size(); ++i) {
+        if (partner[i] != no_partner) {
+            lay_section(overlay, before.sections[partner[i]], after.sections[i]);
+            continue;
+        }
+        // The place of a replaced geometry says nothing of the order.
+        const std::size_t next = next_partner(*found, i);
+        add_section(overlay, after.sections[i],
+                    next == no_partner ? overlay.lines.size() : line_of(before.sections[next]));
+    }
+}
+
+}  // namespace velk::input::amesp::overlay

@@ -1,0 +1,74 @@
+// Edits of '%' lines in place.
+#include "overlay/laid_over.hpp"
+
+namespace velk::test {
+namespace {
+
+using input::amesp::AIPEditor;
+
+Edit set(std::string name, std::string value) {
+    return [=](AIPEditor& editor) { editor.set_directive(name, value); };
+}
+
+Edit remove(std::string name) {
+    return [=](AIPEditor& editor) { editor.remove_directive(name); };
+}
+
+TEST(DirectiveLines, ChangeInTheBytesOfTheValueAlone) {
+    expect_laid_over({
+        {"value", "% maxcore 2000\n", set("maxcore", "4000"), "% maxcore 4000\n"},
+        {"spelling and columns stay", "  %  Memory\t2000  \n", set("maxcore", "4000"), "  %  Memory\t4000  \n"},
+        {"several words", "% title one  two\n", set("title", "three"), "% title three\n"},
+        {"first value", "% title\n", set("title", "x"), "% title x\n"},
+        {"first value, blanks behind the name", "% title  \n", set("title", "x"), "% title x  \n"},
+        {"no value any more", "% title  x y \n", set("title", ""), "% title \n"},
+        {"a value that begins with =", "% title x\n", set("title", "= 0"), "% title = 0\n"},
+        {"the first of two", "% title a\n% title b\n", set("title", "c"), "% title c\n% title b\n"},
+        {"the same value", "% Title   a\n", set("title", "a"), "% Title   a\n"},
+    });
+}
+
+TEST(DirectiveLines, GoWithTheirDirective) {
+    expect_laid_over({
+        {"one", "# a\n% title x\n# b\n", remove("title"), "# a\n# b\n"},
+        {"all of a name, under an alias too", "% memory 1\n\n% maxcore 2\n! hf\n", remove("maxcore"), "\n! hf\n"},
+        {"the last line, without line end", "! hf\n% title x", remove("title"), "! hf\n"},
+    });
+}
+
+TEST(DirectiveLines, AreAddedBehindTheLastOne) {
+    expect_laid_over({
+        {"behind the last", "% maxcore 1\n# c\n% nprocs 2\n# d\n! hf\n", set("title", "x"),
+         "% maxcore 1\n# c\n% nprocs 2\n% title x\n# d\n! hf\n"},
+        {"above the method line", "# c\n\n! hf\n", set("title", "x"), "# c\n\n% title x\n! hf\n"},
+        {"above an empty method line", "# c\n!\n", set("title", "x"), "# c\n% title x\n!\n"},
+        {"before the first section", "# c\n>scf\nend\n", set("title", "x"), "# c\n% title x\n>scf\nend\n"},
+        {"at the end", "# c\n", set("title", "x"), "# c\n% title x\n"},
+        {"to nothing", "", set("title", "x"), "% title x\n"},
+        {"without a value", "! hf\n", set("Title", " "), "% title\n! hf\n"},
+        {"behind a section", ">scf\nend\n% nprocs 2\n", set("title", "x"), ">scf\nend\n% nprocs 2\n% title x\n"},
+        {"a '%' line in a section is none", ">notes\n% a\nend\n! hf\n", set("title", "x"),
+         ">notes\n% a\nend\n% title x\n! hf\n"},
+        {"in order", "! hf\n",
+         [](AIPEditor& editor) {
+             editor.set_directive("a", "1");
+             editor.set_directive("b", "2");
+         },
+         "% a 1\n% b 2\n! hf\n"},
+        {"where the removed last one stood", "% maxcore 1\n% nprocs 2\n# c\n! hf\n",
+         [](AIPEditor& editor) {
+             editor.remove_directive("nprocs");
+             editor.set_directive("title", "x");
+         },
+         "% maxcore 1\n% title x\n# c\n! hf\n"},
+    });
+}
+
+TEST(DirectiveLines, StayWhenTheSchemaDoesNotKnowThemAndTheyWereNotRead) {
+    const auto result = laid_over("% colour blue\n% maxcore 1\n! hf\n", set("maxcore", "2"), false);
+    EXPECT_EQ(result.text, "% colour blue\n% maxcore 2\n! hf\n");
+    EXPECT_TRUE(result.problems.empty());
+}
+
+}  // namespace
+}  // namespace velk::test

@@ -1,0 +1,78 @@
+// Edits of the lines of key-value sections in place.
+#include "overlay/laid_over.hpp"
+
+namespace velk::test {
+namespace {
+
+using input::amesp::AIPEditor;
+
+Edit set(std::string key, std::string value) {
+    return [=](AIPEditor& editor) { editor.set_section_entry("scf", key, value); };
+}
+
+Edit remove(std::string key) {
+    return [=](AIPEditor& editor) { editor.remove_section_entry("scf", key); };
+}
+
+TEST(EntryLines, ChangeInTheBytesOfTheValueAlone) {
+    expect_laid_over({
+        {"blanks", ">scf\n\tMaxIter   128  \nend\n", set("maxcyc", "50"), ">scf\n\tMaxIter   50  \nend\n"},
+        {"=", ">scf\nconv=1e-8\nend\n", set("conv", "1e-6"), ">scf\nconv=1e-6\nend\n"},
+        {"= and blanks", ">SCF x\n  conv  =  1e-8\nEND\n", set("conv", "1e-6"), ">SCF x\n  conv  =  1e-6\nEND\n"},
+        {"first value", ">scf\n guess \nend\n", set("guess", "core"), ">scf\n guess core \nend\n"},
+        {"first value behind =", ">scf\n guess =\nend\n", set("guess", "core"), ">scf\n guess = core\nend\n"},
+        {"no value any more", ">scf\n guess  core \nend\n", set("guess", ""), ">scf\n guess \nend\n"},
+        {"nothing behind =", ">scf\n guess = core\nend\n", set("guess", ""), ">scf\n guess =\nend\n"},
+        {"the first of two", ">scf\nguess a\nguess b\nend\n", set("guess", "c"), ">scf\nguess c\nguess b\nend\n"},
+        {"of two sections the first", ">scf\nguess a\nend\n>scf\nguess b\nend\n", set("guess", "c"),
+         ">scf\nguess c\nend\n>scf\nguess b\nend\n"},
+        {"a key with blanks that is there", ">scf\nmy key = a\nend\n", set("my key", "b"), ">scf\nmy key = b\nend\n"},
+        {"the same value", ">scf\n  MaxIter=5\nend\n", set("maxcyc", "5"), ">scf\n  MaxIter=5\nend\n"},
+    });
+}
+
+TEST(EntryLines, TakeAnEqualsSignWhereTheValueHoldsOne) {
+    expect_laid_over({
+        {"changed", ">scf\n  note   x\nend\n", set("note", "a=b"), ">scf\n  note = a=b\nend\n"},
+        {"changed, with = already", ">scf\n  note=x\nend\n", set("note", "a=b"), ">scf\n  note=a=b\nend\n"},
+        {"added", ">scf\n  guess x\nend\n", set("note", "= 5"), ">scf\n  guess x\n  note = = 5\nend\n"},
+        {"a key that would end the section", ">scf\nend 5\nend\n", set("end", ""), ">scf\nend =\nend\n"},
+    });
+}
+
+TEST(EntryLines, GoWithTheirEntry) {
+    expect_laid_over({
+        {"one", ">scf\n# a\n guess x # y\n\n conv 1\nend\n", remove("guess"), ">scf\n# a\n\n conv 1\nend\n"},
+        {"all of a name", ">scf\n maxiter 1\n conv 1\n maxcyc 2\nend\n", remove("maxcyc"), ">scf\n conv 1\nend\n"},
+        {"the last", ">scf\n guess x\nend\n", remove("guess"), ">scf\nend\n"},
+    });
+}
+
+TEST(EntryLines, AreAddedBehindTheLastInItsStyle) {
+    expect_laid_over({
+        {"blanks", ">scf\n\tmaxcyc 1\n# c\nend\n", set("conv", "1"), ">scf\n\tmaxcyc 1\n\tconv 1\n# c\nend\n"},
+        {"=", ">scf\n    maxcyc=1\nend\n", set("conv", "1"), ">scf\n    maxcyc=1\n    conv=1\nend\n"},
+        {"= and blanks", ">scf\nmaxcyc = 1\nend\n", set("conv", "1"), ">scf\nmaxcyc = 1\nconv = 1\nend\n"},
+        {"tab", ">scf\nmaxcyc\t1\nend\n", set("conv", "1"), ">scf\nmaxcyc\t1\nconv\t1\nend\n"},
+        {"in columns", ">scf\n  maxcyc 128\n  conv   1e-8\nend\n", set("guess", "core"),
+         ">scf\n  maxcyc 128\n  conv   1e-8\n  guess  core\nend\n"},
+        {"too long for its column", ">scf\n  conv   1e-8\nend\n", set("longername", "1"),
+         ">scf\n  conv   1e-8\n  longername 1\nend\n"},
+        {"in columns of =", ">scf\n  conv   = 1\nend\n", set("maxcyc", "2"), ">scf\n  conv   = 1\n  maxcyc = 2\nend\n"},
+        {"the style of the last line with a value", ">scf\n conv=1\n  direct\nend\n", set("guess", "x"),
+         ">scf\n conv=1\n  direct\n  guess=x\nend\n"},
+        {"without a value", ">scf\n conv = 1\nend\n", set("direct", ""), ">scf\n conv = 1\n direct\nend\n"},
+        {"to an empty section", ">scf\n# c\nend\n", set("conv", "1"), ">scf\n# c\n  conv 1\nend\n"},
+        {"to a new section", "! hf\n", set("conv", "1"), "! hf\n\n>scf\n  conv 1\nend\n"},
+        {"a value with = to a new section", "! hf\n", set("note", "a=b"), "! hf\n\n>scf\n  note = a=b\nend\n"},
+    });
+}
+
+TEST(EntryLines, AreNotConfusedBySectionsThatWereNotRead) {
+    const auto result = laid_over(">what\n conv 1\nend\n>scf\n frob 1\n conv 1\nend\n", set("conv", "2"), false);
+    EXPECT_EQ(result.text, ">what\n conv 1\nend\n>scf\n frob 1\n conv 2\nend\n");
+    EXPECT_TRUE(result.problems.empty());
+}
+
+}  // namespace
+}  // namespace velk::test

@@ -1,0 +1,106 @@
+// A geometry replaced in place.
+#include <cmath>
+#include <limits>
+
+#include "overlay/laid_over.hpp"
+
+namespace velk::test {
+namespace {
+
+using input::amesp::AIPEditor;
+using input::amesp::AtomRecord;
+
+AtomRecord atom(std::string symbol, double x, double y, double z) {
+    return {std::move(symbol), x, y, z, "", {}};
+}
+
+Edit set(std::vector<AtomRecord> atoms, std::int32_t charge = 0, std::int32_t multiplicity = 1) {
+    return [=](AIPEditor& editor) { editor.set_xyz_geometry(charge, multiplicity, atoms); };
+}
+
+const std::string water =
+    "! hf\n"
+    ">XYZ  0 1\n"
+    "# oxygen\n"
+    "  O   0.0  0.0  0.1173   the apex\n"
+    "\n"
+    "\tH   0    0.7572 -0.4692\n"
+    "\tH   0   -0.7572 -4.692d-1\n"
+    "END\n"
+    ">scf\nend\n";
+
+TEST(Geometry, KeepsTheLinesOfAtomsThatDidNotChange) {
+    const AtomRecord o = atom("O", 0, 0, 0.1173);
+    const AtomRecord h1 = atom("H", 0, 0.7572, -0.4692);
+    const AtomRecord h2 = atom("H", 0, -0.7572, -0.4692);
+    const std::string top = "! hf\n>XYZ  0 1\n# oxygen\n";
+    const std::string bottom = "END\n>scf\nend\n";
+    const std::string o_line = "  O   0.0  0.0  0.1173   the apex\n\n";
+    const std::string h1_line = "\tH   0    0.7572 -0.4692\n";
+    const std::string h2_line = "\tH   0   -0.7572 -4.692d-1\n";
+    expect_laid_over({
+        {"all", water, set({o, h1, h2}), water},
+        {"one coordinate", water, set({o, h1, atom("H", 0, -0.75, -0.4692)}),
+         top + o_line + h1_line + "\tH   0   -0.7500000000 -4.692d-1\n" + bottom},
+        {"a symbol", water, set({o, atom("D", 0, 0.7572, -0.4692), h2}),
+         top + o_line + "\tD   0    0.7572 -0.4692\n" + h2_line + bottom},
+        {"one less", water, set({o, h2}), top + o_line + h2_line + bottom},
+        {"one more", water, set({o, h1, atom("He", 1, 2, 3), h2}),
+         top + o_line + h1_line + "\tHe 1.0000000000 2.0000000000 3.0000000000\n" + h2_line + bottom},
+        {"one more in front", water, set({atom("He", 1, 2, 3), o, h1, h2}),
+         top + "  He 1.0000000000 2.0000000000 3.0000000000\n" + o_line + h1_line + h2_line + bottom},
+        {"the first at the end", water, set({h1, h2, o}),
+         top + "\n" + h1_line + h2_line + "\tO 0.0000000000 0.0000000000 0.1173000000\n" + bottom},
+        {"none left", water, set({}), top + "\n" + bottom},
+    });
+}
+
+TEST(Geometry, StandsWhereTheFirstOldOneStood) {
+    const std::vector<AtomRecord> he{atom("He", 0, 0, 0)};
+    const std::string line = "  He 0.0000000000 0.0000000000 0.0000000000\n";
+    expect_laid_over({
+        {"charge", ">xyz  0   1\nHe 0 0 0\nend\n", set(he, 1, 2), ">xyz  1   2\nHe 0 0 0\nend\n"},
+        {"no header words", ">XYZ\nHe 0 0 0\nend\n", set(he, 1, 2), ">XYZ 1 2\nHe 0 0 0\nend\n"},
+        {"too many header words", ">xyz 0 1 bohr\nHe 0 0 0\nend\n", set(he), ">xyz 0 1\nHe 0 0 0\nend\n"},
+        {"an alias stays", ">Geometry 0 1\nH 0 0 0\nend\n", set(he), ">Geometry 0 1\nHe 0 0 0\nend\n"},
+        {"internal coordinates", "# a\n>zmat 0 1\n# b\nH\nH 1 0.7\n\nend\n# c\n", set(he),
+         "# a\n>xyz 0 1\n# b\n" + line + "\nend\n# c\n"},
+        {"further ones go", ">zmat\n# b\nH\nend\n>scf\nend\n>xyz 0 1\n# gone\nH 0 0 0\nend\n", set(he),
+         ">xyz 0 1\n# b\n" + line + "end\n>scf\nend\n"},
+        {"no atoms before", ">xyz 0 1\n# b\nend\n", set(he), ">xyz 0 1\n# b\n" + line + "end\n"},
+        {"no end before", "! hf\n>xyz 0 1\nH 0 0 0\n%lost 1\n# kept\n", set(he),
+         "! hf\n>xyz 0 1\nHe 0 0 0\n# kept\nend\n"},
+        {"invalid lines go", ">xyz 0 1\nHe 0 0 0\nH 0 0\nend\n", set(he), ">xyz 0 1\nHe 0 0 0\nend\n"},
+        {"none before", "! hf\n", set(he, -1, 2), "! hf\n\n>xyz -1 2\n" + line + "end\n"},
+    });
+}
+
+TEST(Geometry, WritesCoordinatesThatReadBackAsTheSameNumber) {
+    const double tiny = 1e-11;
+    const double third = 1.0 / 3.0;
+    const auto result = laid_over(">xyz 0 1\nH 0 0 0\nend\n", set({atom("H", tiny, third, -0.0)}));
+    EXPECT_EQ(result.text, ">xyz 0 1\nH 1e-11 0.3333333333333333 -0.0000000000\nend\n");
+    const auto data = input::amesp::AIPParser::parse_string(result.text, overlay_schema(), {true, false}).data;
+    EXPECT_EQ(data.sections[0].atoms[0].x, tiny);
+    EXPECT_EQ(data.sections[0].atoms[0].y, third);
+    EXPECT_TRUE(std::signbit(data.sections[0].atoms[0].z));
+}
+
+TEST(Geometry, SaysWhichAtomsNoLineHolds) {
+    const double denormal = std::numeric_limits<double>::denorm_min();
+    const std::vector<AtomRecord> bad = {atom("H", 0, 0, 0), atom("C 1", 0, 0, 0),      atom("", 0, 0, 0),
+                                         atom("#", 0, 0, 0), atom("C", denormal, 0, 0), atom("//C", 0, 0, 0)};
+    for (const std::string& text : {std::string(">xyz 0 1\nH 0 0 0\nend\n"), std::string("\n")}) {
+        const auto result = laid_over(text, set(bad));
+        ASSERT_EQ(result.problems.size(), 5u);
+        EXPECT_EQ(result.problems[0].code, "amesp.not_expressible");
+        EXPECT_NE(result.problems[0].message.find("Atom 2 of section"), std::string::npos);
+        const auto data = input::amesp::AIPParser::parse_string(result.text, overlay_schema(), {true, false}).data;
+        ASSERT_EQ(data.sections.size(), 1u);
+        EXPECT_EQ(data.sections[0].atoms.size(), 1u);
+        EXPECT_TRUE(data.sections[0].raw_lines.empty());
+    }
+}
+
+}  // namespace
+}  // namespace velk::test

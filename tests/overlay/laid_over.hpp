@@ -1,0 +1,70 @@
+// Edits laid over a text, as tables of (name, text, edit, expected text).
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+#include <velk/input/amesp.hpp>
+
+namespace velk::test {
+
+inline const input::amesp::InputSchema& overlay_schema() {
+    static const auto schema = input::amesp::InputSchema::from_yaml(R"(
+directives:
+  maxcore: {value_type: integer, aliases: [memory]}
+  nprocs: {value_type: integer}
+  title: {}
+method_tokens:
+  hf: {category: method}
+  b3lyp: {category: method, aliases: [b3-lyp]}
+  sto-3g: {category: basis}
+  opt: {category: task}
+  freq: {category: task}
+sections:
+  xyz: {parse_mode: cartesian_coordinates, aliases: [geometry]}
+  zmat: {parse_mode: raw}
+  scf:
+    parse_mode: key_value
+    entries:
+      maxcyc: {value_type: integer, aliases: [maxiter]}
+      conv: {value_type: real}
+      guess: {}
+      note: {}
+  opt: {parse_mode: key_value, entries: {conv: {}}}
+  notes: {parse_mode: raw}
+)");
+    return schema;
+}
+
+using Edit = std::function<void(input::amesp::AIPEditor&)>;
+
+inline input::amesp::OverlayResult laid_over(std::string_view text, const Edit& edit, bool preserve_unknown = true) {
+    using namespace input::amesp;
+    const AIPData data = AIPParser::parse_string(text, overlay_schema(), {preserve_unknown, false}).data;
+    AIPEditor editor(data, overlay_schema());
+    edit(editor);
+    return editor.render_over(text, preserve_unknown);
+}
+
+struct OverlayCase {
+    std::string name;
+    std::string text;
+    Edit edit;
+    std::string expected;
+};
+
+inline void expect_laid_over(const std::vector<OverlayCase>& cases) {
+    for (const OverlayCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto result = laid_over(c.text, c.edit);
+        EXPECT_EQ(result.text, c.expected);
+        for (const auto& problem : result.problems) {
+            ADD_FAILURE() << problem.message;
+        }
+    }
+}
+
+}  // namespace velk::test

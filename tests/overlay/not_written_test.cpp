@@ -1,0 +1,110 @@
+// What is reported instead of being written as something else.
+#include "overlay/laid_over.hpp"
+
+namespace velk::test {
+namespace {
+
+using input::amesp::AIPEditor;
+using input::amesp::IssueSeverity;
+
+struct NotWritten {
+    std::string name;
+    std::string text;
+    Edit edit;
+    std::string expected;  // the text that stays
+    std::string code;
+};
+
+void expect_not_written(const std::vector<NotWritten>& cases) {
+    for (const NotWritten& c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto result = laid_over(c.text, c.edit);
+        EXPECT_EQ(result.text, c.expected);
+        ASSERT_EQ(result.problems.size(), 1u);
+        EXPECT_EQ(result.problems[0].code, c.code);
+        EXPECT_EQ(result.problems[0].severity, IssueSeverity::Error);
+    }
+}
+
+Edit directive(std::string name, std::string value) {
+    return [=](AIPEditor& editor) { editor.set_directive(name, value); };
+}
+
+Edit entry(std::string section, std::string key, std::string value) {
+    return [=](AIPEditor& editor) { editor.set_section_entry(section, key, value); };
+}
+
+TEST(NotWritten, IsWhatNoLineReadsBackAs) {
+    const std::string code = "amesp.not_expressible";
+    const std::string text = "% title x\n! hf\n>scf\n  note a\nend\n>notes\nfree\nend\n";
+    expect_not_written({
+        {"a directive's value with a line feed", text, directive("title", "a\nb"), text, code},
+        {"one that would look like lines without meaning", text, directive("title", "a\n%"), text, code},
+        {"a new directive's value with a line feed", text, directive("nprocs", "1\n2"), text, code},
+        {"a directive's name with a blank", text, directive("my name", "1"), text, code},
+        {"a directive without a name", text, directive("", "1"), text, code},
+        {"a token with a blank", text, [](AIPEditor& editor) { editor.add_method_token("opt freq"); }, text, code},
+        {"an entry's value with a line feed", text, entry("scf", "note", "a\nend\n"), text, "amesp.not_expressible"},
+        {"a new entry's key with a blank", text, entry("scf", "my key", "1"), text, code},
+        {"a new entry's key with a =", text, entry("scf", "a=b", "1"), text, code},
+        {"an entry without a key", text, entry("scf", "", "1"), text, code},
+        {"an entry that reads as a comment", text, entry("scf", "#a", "1"), text, code},
+        {"an entry of a raw section", text, entry("notes", "a", "1"), text, code},
+        {"a header argument with a blank", text, [](AIPEditor& editor) { editor.upsert_section("scf", {"a b"}); }, text,
+         code},
+        {"a new section without a name", text, [](AIPEditor& editor) { editor.upsert_section("", {}); }, text, code},
+        {"a new section's name with a blank", text, [](AIPEditor& editor) { editor.upsert_section("a b", {}); }, text,
+         code},
+        {"atoms of a section of entries", text,
+         [](AIPEditor& editor) {
+             editor.upsert_section("scf", {}).atoms.push_back({"H", 0, 0, 0, "", {}});
+         },
+         text, code},
+        {"an entry of a new raw section", "", entry("frob", "a", "1"), ">frob\nend\n", code},
+        {"a kept line of a new section that is an entry", "",
+         [](AIPEditor& editor) { editor.upsert_section("scf", {}).raw_lines = {"a 1"}; }, ">scf\nend\n", code},
+        {"a kept line that would end its section", "",
+         [](AIPEditor& editor) { editor.upsert_section("notes", {}).raw_lines = {"End"}; }, ">notes\nend\n", code},
+    });
+}
+
+TEST(NotWritten, IsWhatDoesNotGoWithTheText) {
+    const std::string code = "amesp.not_of_this_text";
+    const std::string text =
+        "# c\n% title x\n% nprocs 1\n! hf\n# d\n>scf\n  note a\n  conv 1\nend\n>notes\nfree\nend\n";
+    const auto change = [](auto edit) {
+        return [=](AIPEditor& editor) {
+            auto data = editor.data();
+            edit(data);
+            editor.set_data(data);
+        };
+    };
+    expect_not_written({
+        {"directives in another order", text,
+         change([](auto& data) { std::swap(data.directives[0], data.directives[1]); }), text, code},
+        {"a directive of another text", text, change([](auto& data) { data.directives[1].location->line = 77; }), text,
+         code},
+        {"sections in another order", text, change([](auto& data) { std::swap(data.sections[0], data.sections[1]); }),
+         text, code},
+        {"entries in another order", text,
+         change([](auto& data) { std::swap(data.sections[0].entries[0], data.sections[0].entries[1]); }), text, code},
+        {"a kept line", text, change([](auto& data) { data.sections[1].raw_lines[0] = "bound"; }), text, code},
+        {"a header comment", text, change([](auto& data) { data.header_comments.clear(); }), text, code},
+        {"a later comment", text, change([](auto& data) { data.preserved_lines.push_back("# e"); }), text, code},
+    });
+}
+
+TEST(NotWritten, LeavesEveryOtherEditToBeWritten) {
+    const auto result = laid_over("% title x\n! hf\n", [](AIPEditor& editor) {
+        editor.set_directive("title", "a\nb");
+        editor.set_directive("nprocs", "4");
+        editor.add_method_token("opt");
+    });
+    EXPECT_EQ(result.text, "% title x\n% nprocs 4\n! hf opt\n");
+    ASSERT_EQ(result.problems.size(), 1u);
+    EXPECT_EQ(result.problems[0].location->line, 1u);
+    EXPECT_NE(result.problems[0].message.find("Directive 'title'"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace velk::test
