@@ -1,6 +1,7 @@
 // The edits of a command line.
 #include "edits.hpp"
 
+#include <algorithm>
 #include <array>
 #include <set>
 #include <stdexcept>
@@ -127,6 +128,12 @@ void set_geometry(AIPEditor& editor, const std::string& xyz_path, std::optional<
     editor.set_xyz_geometry(*charge, *multiplicity, std::move(molecule.atoms));
 }
 
+bool cannot_be_forced(const std::vector<Finding>& findings) {
+    return std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
+        return finding.code == "amesp-inp.reads_differently" && finding.location.line == 0;
+    });
+}
+
 int finish_edit(const EditOutput& output, const Input& input, const std::string& before, const AIPEditor& editor) {
     const std::string after = editor.render();
     std::vector<Finding> findings = inexpressible(editor, after);
@@ -139,11 +146,12 @@ int finish_edit(const EditOutput& output, const Input& input, const std::string&
         if (old != known.end()) {
             known.erase(old);
         } else if (issue.severity == IssueSeverity::Error) {
-            findings.push_back({issue.severity, issue.code, issue.message, SourceLocation{1, 1, 0}, {}, {}});
+            findings.push_back({issue.severity, issue.code, issue.message, SourceLocation{}, {}, {}});
         }
     }
-    if (report_findings(input, before, std::move(findings)) && !output.force) {
-        complain("'" + input.name + "' is left as it is (--force writes it all the same)");
+    const bool hopeless = cannot_be_forced(findings);
+    if (report_findings(input, before, std::move(findings)) && (hopeless || !output.force)) {
+        complain("'" + input.name + "' is left as it is" + (hopeless ? "" : " (--force writes it all the same)"));
         return exit_findings;
     }
     deliver(output, input, before, after);

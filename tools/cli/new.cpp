@@ -24,9 +24,10 @@ int run_new(const NewOptions& options) {
     const std::string name = options.output.path.empty() ? "<new>" : options.output.path;
     std::vector<Finding> findings = inexpressible(editor, editor.render());
     for (const ValidationIssue& issue : editor.validate()) {
-        findings.push_back({issue.severity, issue.code, issue.message, SourceLocation{1, 1, 0}, {}, {}});
+        findings.push_back({issue.severity, issue.code, issue.message, SourceLocation{}, {}, {}});
     }
-    if (report_findings({"-", name}, "", std::move(findings)) && !options.output.force) {
+    const bool hopeless = cannot_be_forced(findings);
+    if (report_findings({"-", name}, "", std::move(findings)) && (hopeless || !options.output.force)) {
         complain("'" + name + "' is not made");
         return exit_findings;
     }

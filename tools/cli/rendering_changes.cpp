@@ -20,7 +20,7 @@ using namespace velk::input::amesp;
 using velk::core::text::take_word;
 using velk::core::text::trim_view;
 
-const SourceLocation file_start{1, 1, 0};
+const SourceLocation nowhere{0, 0, 0};  // of what no line of a file made
 
 double rounded(double value) {
     const std::optional<double> read = read_number<double>(coordinate_text(value));
@@ -119,11 +119,11 @@ public:
 
 private:
     void lose(const std::optional<SourceLocation>& place, const char* code, std::string message) {
-        found_.push_back({IssueSeverity::Error, code, std::move(message), place.value_or(file_start), {}, {}});
+        found_.push_back({IssueSeverity::Error, code, std::move(message), place.value_or(nowhere), {}, {}});
     }
 
     void note(const std::optional<SourceLocation>& place, const char* code, std::string message) {
-        found_.push_back({IssueSeverity::Warning, code, std::move(message), place.value_or(file_start), {}, {}});
+        found_.push_back({IssueSeverity::Warning, code, std::move(message), place.value_or(nowhere), {}, {}});
     }
 
     void report_difference(const std::optional<SourceLocation>& place) {

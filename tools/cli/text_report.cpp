@@ -53,7 +53,10 @@ private:
                   const std::string& code) {
         out_ += style_.bold;
         append_printable(out_, file_.name);
-        out_ += ":" + std::to_string(location.line) + ":" + std::to_string(location.column) + ": ";
+        if (location.line > 0) {
+            out_ += ":" + std::to_string(location.line) + ":" + std::to_string(location.column);
+        }
+        out_ += ": ";
         out_ += style_.reset;
         out_ += kind_style;
         out_ += kind;
