@@ -280,10 +280,13 @@ TEST(New, MakesAnInputThatPassesCheck) {
                                  "hf sto-3g", "--directive", "mem=5", "--entry", "scf.maxcyc=9", "-o", dir / "a.inp"});
     EXPECT_EQ(made.status, 0) << made.err;
     EXPECT_EQ(run({"check", "--fail-on", "warning", dir / "a.inp"}).status, 0);
-    const ProgramRun refused = run({"new", "--method", "hf"});
+    const ProgramRun refused =
+        run({"new", "--geometry", dir / "m.xyz", "--charge", "0", "--multiplicity", "0", "--method", "hf"});
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(refused.out, "");
     EXPECT_EQ(run({"new", "--geometry", dir / "m.xyz", "--method", "hf"}).status, 2);
+    EXPECT_EQ(run({"new", "--method", "hf"}).status, 2);
+    EXPECT_EQ(run({"new", "--geometry", dir / "m.xyz"}).status, 2);
 }
 
 TEST(VerbPages, ShowTheHelpOfTheirVerb) {

@@ -49,6 +49,8 @@ void add_new(CLI::App& program, Run& run) {
          {EditKind::set_geometry, EditKind::set_method, EditKind::set_directive, EditKind::set_entry}) {
         options->edits.add_option(*make, kind);
     }
+    make->get_option("--geometry")->required();
+    make->get_option("--method")->required();
     options->edits.add_charge_options(*make);
     make->add_option("-o,--output", options->output.path, "Write to this file (default: standard output)")
         ->type_name("OUT");
