@@ -160,6 +160,8 @@ TEST(FailingAllocation, LeavesOtherSectionsAloneWhenAGeometryIsReplaced) {
         [&] {
             ASSERT_EQ(editor.data().sections.front(), before.sections.front());
             ASSERT_EQ(editor.data().directives, before.directives);
+            const Section* const geometry = editor.data().find_section("xyz");
+            ASSERT_TRUE(geometry == nullptr || *geometry == before.sections[1]);
         });
     EXPECT_EQ(editor.data().sections.back().atoms.size(), 1U);
 }

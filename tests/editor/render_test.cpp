@@ -119,6 +119,7 @@ TEST(Render, WritesCoordinatesAsPrintfDoesInEveryLocale) {
                                           {12345.678, "12345.6780000000"},
                                           {infinity, "inf"},
                                           {-infinity, "-inf"},
+                                          {std::numeric_limits<double>::quiet_NaN(), "nan"},
                                           {0.5 / 10000000000.0, "0.0000000001"},
                                           {1e22, "10000000000000000000000.0000000000"}};
     for (const char* const name : {"C", "de_DE.UTF-8", "ar_EG.UTF-8"}) {

@@ -20,12 +20,10 @@ TEST(RoundTrip, GivesBackAnOrdinaryDocument) {
         sample_schema()));
 }
 
-TEST(RoundTrip, HoldsForTheExamplesUnderTheStarterSchema) {
+TEST(RoundTrip, GivesBackTheGoodExampleUnderTheStarterSchema) {
     const InputSchema schema = InputSchema::from_file(VELK_SOURCE_DIRECTORY "/schemas/input/amesp.yaml");
-    for (const char* const name : {"water.inp", "mistakes.inp"}) {
-        const std::string text = test::read_file(std::string(VELK_SOURCE_DIRECTORY "/examples/") + name);
-        expect_stable_rendering(parse(text, schema), schema);
-    }
+    const std::string text = test::read_file(VELK_SOURCE_DIRECTORY "/examples/water.inp");
+    EXPECT_TRUE(expect_stable_rendering(parse(text, schema), schema));
 }
 
 TEST(RoundTrip, HoldsForRandomDocuments) {
