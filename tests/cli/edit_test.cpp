@@ -110,6 +110,12 @@ TEST(Fmt, NeverLosesOrMovesContentWithoutSayingSo) {
     }
 }
 
+TEST(Fmt, GivesTheSameTwiceForACommentBelowADroppedMarker) {
+    const ProgramRun once = format_text("%\n; note\n");
+    EXPECT_EQ(once.out, "; note\n");
+    EXPECT_EQ(format_text(once.out).err, "");
+}
+
 TEST(Fmt, GivesTheSameTwiceForWhatItAccepts) {
     std::mt19937 random(60);
     const std::string pieces[] = {"% mem 5", "! hf", ">xyz 0 1", ">scf",    "end", "\n",  "\n",   "\n", " ",

@@ -1,5 +1,6 @@
 // amesp-inp fmt: input files in canonical form.
 #include <memory>
+#include <utility>
 #include <velk/input/amesp/editor.hpp>
 #include <velk/input/amesp/parser.hpp>
 
@@ -20,16 +21,32 @@ struct FmtOptions {
     bool check = false;
 };
 
+// A comment that only a dropped marker kept below the head is read as a header comment the next time, which changes the
+// blank lines around it: what is written shall be what formatting it again gives.
+std::string settled(std::string text, const InputSchema& schema) {
+    constexpr int most_rounds = 4;
+    for (int round = 0; round < most_rounds; ++round) {
+        std::string again = AIPEditor(AIPParser::parse_string(text, schema, {true, false}).data, schema).render();
+        if (again == text) {
+            break;
+        }
+        text = std::move(again);
+    }
+    return text;
+}
+
 int format_file(const FmtOptions& options, const Input& input, const InputSchema& schema) {
     const std::string text = read_input(input);
     const AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
-    const std::string formatted = editor.render();
+    const std::string rendered = editor.render();
+    const bool expressible = inexpressible(editor, rendered).empty();
+    const std::string formatted = expressible ? settled(rendered, schema) : rendered;
     if (formatted == text && !options.check) {
         deliver(options.output, input, text, formatted);
         return exit_clean;
     }
     const bool refused =
-        report_findings(input, text, rendering_changes(editor, text, formatted)) && !options.output.force;
+        report_findings(input, text, rendering_changes(editor, text, rendered)) && !options.output.force;
     if (options.check) {
         if (formatted == text) {
             return exit_clean;
