@@ -20,7 +20,7 @@ const Value* find(const StringMap<Value>& table, std::string_view name) {
     return found == table.end() ? nullptr : &found->second;
 }
 
-// The specification under the canonical form of `name`, or null.
+// What the tables hold under the canonical form of `name`, or null.
 const ValueSpec* find_directive(const InputSchema::Impl& tables, std::string_view name);
 const SectionSpec* find_section(const InputSchema::Impl& tables, std::string_view name);
 const ValueSpec* find_entry(const SectionSpec& section, std::string_view name);

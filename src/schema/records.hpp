@@ -20,7 +20,7 @@ MethodToken make_method_token(const InputSchema& schema, std::string_view text);
 // An empty, terminated section; the arguments are kept as given.
 Section make_section(const InputSchema& schema, std::string_view name, std::vector<std::string> arguments);
 
-// `section` is the specification of the section that shall hold the entry; null when the schema does not know it.
+// `section` is what the schema says of the section that shall hold the entry; null when it does not know it.
 SectionEntry make_entry(const SectionSpec* section, std::string_view key, std::string_view value);
 
 }  // namespace velk::input::amesp::records
