@@ -13,7 +13,8 @@ Section& AIPEditor::upsert_section(std::string name, std::vector<std::string> ar
     Section made = make_section(std::move(name), std::move(arguments));
     Section* const section = data_.find_section(made.name);
     if (section == nullptr) {
-        data_.sections.push_back(std::move(made));
+        // Made from the name that was looked for: where an alias stands for another one, that goes one step further.
+        data_.sections.push_back(make_section(std::move(made.name), std::move(made.arguments)));
         return data_.sections.back();
     }
     section->name = std::move(made.name);

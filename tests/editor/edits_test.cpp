@@ -140,6 +140,17 @@ TEST(UpsertSection, RefreshesTheFirstOfThatNameAndKeepsTheRest) {
     EXPECT_THAT(editor.data().sections, ElementsAre(expected, data.sections[1]));
 }
 
+TEST(UpsertSection, LooksForWhatAnAliasStandsForAndMakesASectionFromThatName) {
+    const auto schema = InputSchema::from_yaml("sections: {b: {aliases: [a]}, c: {aliases: [b]}}");  // a -> b -> c
+    AIPEditor editor({}, schema);
+    EXPECT_EQ(editor.upsert_section("a", {}).name, "c");
+    AIPData data;
+    data.sections = {named("b")};
+    editor.set_data(data);
+    EXPECT_EQ(editor.upsert_section("a", {}).name, "b");
+    EXPECT_THAT(section_names(editor), ElementsAre("b"));
+}
+
 TEST(RemoveSection, RemovesAllOfThatName) {
     AIPData data;
     data.sections = {named("a"), named("SCF"), named("b"), named("scfcontrol"), named("scf")};
