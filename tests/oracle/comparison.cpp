@@ -44,7 +44,7 @@ std::string differing_parse(const std::string& text, const TablesHandle& tables,
 std::string differing_use(const AIPData& data, const TablesHandle& tables, std::string& rendered) {
     const InputSchema schema(tables);
     const SchemaModel model(*tables);
-    const std::string difference = differing("validate", schema.validate(data), validate(data, model));
+    std::string difference = differing("validate", schema.validate(data), validate(data, model));
     if (!difference.empty()) {
         return difference;
     }
@@ -72,7 +72,7 @@ std::string differing_names(const TablesHandle& tables) {
 
 std::string differing_rendering(const AIPData& data, const TablesHandle& tables) {
     std::string rendered;
-    const std::string difference = differing_use(data, tables, rendered);
+    std::string difference = differing_use(data, tables, rendered);
     if (!difference.empty()) {
         return difference;
     }

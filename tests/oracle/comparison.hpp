@@ -1,6 +1,7 @@
 // Puts one text, or one sequence of edits, to the library and to the model, and says where they differ.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>

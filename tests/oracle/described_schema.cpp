@@ -10,8 +10,6 @@ using namespace input::amesp;
 
 namespace {
 
-using oracle::described;
-
 std::string described(const StringMap<std::string>& aliases) {
     std::string text;
     for (const auto& [alias, target] : aliases) {

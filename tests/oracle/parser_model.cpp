@@ -1,4 +1,4 @@
-// The model of the parser and of format detection.
+// The model of the parser.
 #include "oracle/parser_model.hpp"
 
 #include <cstddef>
@@ -136,11 +136,9 @@ private:
             if (preserve_unknown_) {
                 section.raw_lines.push_back(raw);
             }
-        } else if (is_comment(t)) {
-            section.raw_lines.push_back(raw);
-        } else if (section.parse_mode == SectionParseMode::cartesian_coordinates) {
+        } else if (!is_comment(t) && section.parse_mode == SectionParseMode::cartesian_coordinates) {
             atom(section, raw, t);
-        } else if (section.parse_mode == SectionParseMode::key_value) {
+        } else if (!is_comment(t) && section.parse_mode == SectionParseMode::key_value) {
             entry(section, raw, t);
         } else {
             section.raw_lines.push_back(raw);
@@ -230,11 +228,6 @@ void fold_in(const std::vector<ValidationIssue>& issues, ParseResult& result) {
     }
 }
 
-bool is_geometry_name(const std::string& name) {
-    return name == "xyz" || name == "zmat" || name == "zmatrix" || name == "z-matrix" || name == "coord" ||
-           name == "coordinates";
-}
-
 }  // namespace
 
 ParseResult parse(const std::string& text, const SchemaModel& schema, const ParseOptions& options) {
@@ -245,25 +238,6 @@ ParseResult parse(const std::string& text, const SchemaModel& schema, const Pars
         fold_in(validate(result.data, schema), result);
     }
     return result;
-}
-
-bool looks_like_amesp_input(const std::string& text) {
-    bool method = false;
-    bool geometry = false;
-    for (const std::string& line : lines_of(text)) {
-        const std::string t = trim(line);
-        if (t.empty() || is_comment(t)) {
-            continue;
-        }
-        const std::vector<std::string> words = words_of(t.substr(1));
-        if (t[0] == '!') {
-            method = !words.empty();
-        }
-        if (t[0] == '>' && !words.empty() && is_geometry_name(key(words[0]))) {
-            geometry = true;
-        }
-    }
-    return method && geometry;
 }
 
 }  // namespace velk::oracle

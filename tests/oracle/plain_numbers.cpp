@@ -1,9 +1,8 @@
 // The model's number readers and writers: the C library's own conversions under its classic locale.
 #include "oracle/plain_numbers.hpp"
 
-#include <locale.h>
-
 #include <cerrno>
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
