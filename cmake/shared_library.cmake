@@ -8,8 +8,8 @@ function(velk_compile_options target)
     VISIBILITY_INLINES_HIDDEN ON)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
-    $<$<BOOL:${VELK_WARNINGS_AS_ERRORS}>:-Werror>
-    $<$<CONFIG:Release,RelWithDebInfo>:-fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+    $<$<BOOL:${VELK_WARNINGS_AS_ERRORS}>:-Werror>)
+  velk_harden(${target})
 endfunction()
 
 # A shared library that exports what its map file lists, and finds its neighbours in whatever directory it is put.
@@ -20,5 +20,5 @@ function(velk_shared_library target exports)
     SOVERSION ${PROJECT_VERSION_MAJOR}
     INSTALL_RPATH "$ORIGIN"
     LINK_DEPENDS ${exports})
-  target_link_options(${target} PRIVATE -Wl,--version-script=${exports} -Wl,-z,relro,-z,now)
+  target_link_options(${target} PRIVATE -Wl,--version-script=${exports})
 endfunction()

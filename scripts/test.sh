@@ -22,6 +22,9 @@ tests/install/installed_package.sh build/gcc "$PWD"
 tests/install/subdirectory.sh "$PWD"
 tests/install/exported_symbols.sh build/gcc/lib "$PWD"
 
+step "the hardening of the built files"
+scripts/check_hardening.sh build/gcc
+
 step "clang++: build with warnings as errors, address and undefined-behaviour sanitizers"
 cmake --preset sanitize
 cmake --build --preset sanitize
