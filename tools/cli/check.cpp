@@ -16,14 +16,13 @@
 #include <thread>
 #include <vector>
 
+#include "check_file.hpp"
+#include "edit_output.hpp"
 #include "exit_status.hpp"
-#include "findings.hpp"
 #include "inputs.hpp"
-#include "json_report.hpp"
 #include "output.hpp"
 #include "schema_source.hpp"
 #include "subcommands.hpp"
-#include "text_report.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -36,21 +35,18 @@ struct CheckOptions {
     std::string format = "text";
     std::string fail_on = "error";
     std::string color = "auto";
+    std::string fix;
+    bool diff = false;
+    bool canonical = false;
     bool quiet = false;
     unsigned threads = std::max(1U, std::thread::hardware_concurrency());
-};
-
-// What one file adds to the report.
-struct FileReport {
-    std::string text;
-    std::string trouble;
-    std::size_t errors = 0;
-    std::size_t warnings = 0;
 };
 
 struct Totals {
     std::size_t files = 0;
     std::size_t unreadable = 0;
+    std::size_t unwritten = 0;
+    std::size_t fixed = 0;
     std::size_t errors = 0;
     std::size_t warnings = 0;
 };
@@ -61,24 +57,6 @@ bool use_color(const std::string& when) {
     }
     const char* const no_color = std::getenv("NO_COLOR");
     return (no_color == nullptr || *no_color == '\0') && ::isatty(STDOUT_FILENO) == 1;
-}
-
-FileReport check_file(const Input& input, const InputSchema& schema, bool json, bool color) {
-    FileReport report;
-    FileFindings file;
-    file.name = input.name;
-    try {
-        file.text = read_input(input);
-        file.findings = find_all(file.text, schema);
-    } catch (const std::exception& error) {
-        file.error = error.what();
-        report.trouble = error.what();
-    }
-    for (const Finding& finding : file.findings) {
-        ++(finding.severity == IssueSeverity::Error ? report.errors : report.warnings);
-    }
-    report.text = json ? json_report(file) : text_report(file, color);
-    return report;
 }
 
 // Runs `make(i)` for every i below `count` on several threads and `use` on the results, in order, on this one.
@@ -158,11 +136,17 @@ std::string counted(std::size_t count, const char* noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-void print_summary(const Totals& totals) {
+void print_summary(const Totals& totals, bool only_shown) {
     std::string line = counted(totals.files - totals.unreadable, "file") + " checked: ";
     line += counted(totals.errors, "error") + ", " + counted(totals.warnings, "warning");
+    if (totals.fixed > 0) {
+        line += "; " + counted(totals.fixed, "file") + (only_shown ? " would be fixed" : " fixed");
+    }
     if (totals.unreadable > 0) {
         line += "; " + counted(totals.unreadable, "file") + " could not be read";
+    }
+    if (totals.unwritten > 0) {
+        line += "; " + counted(totals.unwritten, "file") + " could not be fixed";
     }
     std::fputs((line + "\n").c_str(), stderr);
 }
@@ -174,49 +158,87 @@ void print_json_end(const Totals& totals) {
 }
 
 int exit_status(const Totals& totals, const std::string& fail_on) {
-    if (totals.unreadable > 0) {
+    if (totals.unreadable > 0 || totals.unwritten > 0) {
         return exit_trouble;
     }
     const bool failed = fail_on != "never" && (totals.errors > 0 || (fail_on == "warning" && totals.warnings > 0));
     return failed ? exit_findings : exit_clean;
 }
 
+FileCheck file_check(const CheckOptions& options) {
+    FileCheck check;
+    if (!options.fix.empty()) {
+        check.fixes = options.fix == "all" ? Fixes::all : Fixes::certain;
+    }
+    check.diff = options.diff;
+    check.canonical = options.canonical;
+    check.json = options.format == "json";
+    check.color = !check.json && use_color(options.color);
+    return check;
+}
+
+void refuse_what_cannot_be_fixed(const std::vector<Input>& inputs, const CheckOptions& options) {
+    const auto is_stdin = [](const Input& input) { return input.path == "-"; };
+    if (!options.fix.empty() && !options.diff && std::any_of(inputs.begin(), inputs.end(), is_stdin)) {
+        throw std::runtime_error("standard input cannot be fixed in place: add --diff");
+    }
+}
+
+void add(Totals& totals, const FileReport& report) {
+    ++totals.files;
+    if (report.unreadable) {
+        ++totals.unreadable;
+    } else if (!report.trouble.empty()) {
+        ++totals.unwritten;
+    }
+    totals.fixed += report.fixed ? 1 : 0;
+    totals.errors += report.errors;
+    totals.warnings += report.warnings;
+}
+
+// Findings make room on standard output for the text of a patch.
+void print_report(const FileReport& report, const FileCheck& check, bool is_first) {
+    if (!report.trouble.empty()) {
+        complain(report.trouble);
+    }
+    print(report.diff);
+    if (check.diff) {
+        std::fwrite(report.findings.data(), 1, report.findings.size(), stderr);
+    } else if (!report.findings.empty()) {
+        print(check.json ? (is_first ? "\n" : ",\n") : "");
+        print(report.findings);
+    }
+}
+
 int run_check(const CheckOptions& options) {
     const InputSchema schema = load_schema(options.schema_path);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
-    const bool json = options.format == "json";
-    const bool color = !json && use_color(options.color);
+    refuse_what_cannot_be_fixed(inputs, options);
+    const FileCheck check = file_check(options);
     Totals totals;
     Progress progress(inputs.size(), !options.quiet);
-    if (json) {
+    if (check.json) {
         print("{\"format\":\"amesp-inp findings\",\"version\":1,\"files\":[");
     }
     in_order(
-        inputs.size(), options.threads, [&](std::size_t i) { return check_file(inputs[i], schema, json, color); },
-        [&](FileReport report) {
-            if (!report.trouble.empty()) {
+        inputs.size(), options.threads, [&](std::size_t i) { return check_file(inputs[i], schema, check); },
+        [&](const FileReport& report) {
+            if (!report.trouble.empty() || !report.findings.empty() || !report.diff.empty()) {
                 progress.clear();
-                complain(report.trouble);
-                ++totals.unreadable;
+                print_report(report, check, totals.files == 0);
             }
-            if (!report.text.empty()) {
-                progress.clear();
-                print((json ? (totals.files == 0 ? "\n" : ",\n") : "") + report.text);
-            }
-            ++totals.files;
-            totals.errors += report.errors;
-            totals.warnings += report.warnings;
+            add(totals, report);
             progress.step();
         });
     progress.clear();
-    if (json) {
+    if (check.json) {
         print_json_end(totals);
     }
     if (!flush_output()) {
         throw std::runtime_error("cannot write to standard output");
     }
     if (!options.quiet) {
-        print_summary(totals);
+        print_summary(totals, options.diff);
     }
     return exit_status(totals, options.fail_on);
 }
@@ -231,15 +253,28 @@ void add_check(CLI::App& program, Run& run) {
         "  amesp-inp check water.inp             one file\n"
         "  amesp-inp check -j 8 jobs/            every *.inp and *.aip file below a directory\n"
         "  amesp-inp check --format json *.inp   for other programs\n"
+        "  amesp-inp check --fix --diff *.inp    what the certain fixes would change\n"
         "  make-input | amesp-inp check -        standard input");
     add_input_options(*check, options->inputs);
     add_schema_option(*check, options->schema_path);
-    check->add_option("--format", options->format, "How findings are printed (default: text)")
-        ->check(CLI::IsMember({"text", "json"}));
+    auto* const format = check->add_option("--format", options->format, "How findings are printed (default: text)")
+                             ->check(CLI::IsMember({"text", "json"}));
     check->add_option("--fail-on", options->fail_on, "Findings that make the exit status 1 (default: error)")
         ->check(CLI::IsMember({"error", "warning", "never"}));
     check->add_option("--color", options->color, "Colours in text (default: auto; NO_COLOR is heeded)")
         ->check(CLI::IsMember({"auto", "always", "never"}));
+    auto* const fix = check
+                          ->add_flag("--fix{certain}", options->fix,
+                                     "Fix the files, then check them: missing ends; with --fix=all also names that are "
+                                     "near to one known name")
+                          ->check(CLI::IsMember({"certain", "all"}));
+    check
+        ->add_flag("--diff", options->diff,
+                   "Print the fixes, for patch -p1, and write nothing; findings go to standard error")
+        ->needs(fix)
+        ->excludes(format);
+    add_canonical_option(*check, options->canonical);
+    check->get_option("--canonical")->needs(fix);
     check->add_flag("-q,--quiet", options->quiet, "No summary and no progress bar");
     check->add_option("-j,--jobs", options->threads, "Worker threads (default: the number of processors)")
         ->type_name("N")

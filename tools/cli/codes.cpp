@@ -107,6 +107,16 @@ constexpr auto codes = std::to_array<CodeInfo>({
      "The input has several method lines. Their tokens are read as one line, in order.",
      "! hf\n! sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Put all tokens on one line.", ""},
+    {"amesp.not_expressible", "error",
+     "An edit asks for something that no line of the text would be read back as: a value with a line feed, a name with "
+     "a blank, an entry in a section that is kept as raw lines. Nothing is written.",
+     "amesp-inp set he.inp --add-token 'two words'\n", "amesp-inp set he.inp --add-token two --add-token words\n",
+     "Change the value or the name; raw sections are edited by hand.", ""},
+    {"amesp.not_of_this_text", "error",
+     "Only programs that call the library meet it: a document is laid over a text that it was not read from, or a list "
+     "was changed that the editor's operations leave alone. The text stays as it was there.",
+     "", "", "Give `render_over` the text that the document was parsed from, and edit with the editor's operations.",
+     ""},
     {"amesp.unknown_directive", "warning", "The schema does not know a directive. It is kept as it is.",
      "% maxcor 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",

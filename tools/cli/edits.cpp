@@ -134,23 +134,49 @@ bool cannot_be_forced(const std::vector<Finding>& findings) {
     });
 }
 
-int finish_edit(const EditOutput& output, const Input& input, const std::string& before, const AIPEditor& editor) {
-    const std::string after = editor.render();
-    std::vector<Finding> findings = inexpressible(editor, after);
+namespace {
+
+std::vector<Finding> not_written(const OverlayResult& result) {
+    std::vector<Finding> findings;
+    for (const ValidationIssue& problem : result.problems) {
+        findings.push_back({problem.severity,
+                            problem.code,
+                            problem.message,
+                            problem.location.value_or(SourceLocation{0, 0, 0}),
+                            {},
+                            {}});
+    }
+    return findings;
+}
+
+std::vector<Finding> new_errors(const std::string& before, const std::string& after, const InputSchema& schema) {
     std::multiset<std::string> known;
-    for (const Finding& finding : find_all(before, editor.schema())) {
+    for (const Finding& finding : find_all(before, schema)) {
         known.insert(finding.code + finding.message);
     }
-    for (const ValidationIssue& issue : editor.validate()) {
-        const auto old = known.find(issue.code + issue.message);
+    std::vector<Finding> errors;
+    for (Finding& finding : find_all(after, schema)) {
+        const auto old = known.find(finding.code + finding.message);
         if (old != known.end()) {
             known.erase(old);
-        } else if (issue.severity == IssueSeverity::Error) {
-            findings.push_back({issue.severity, issue.code, issue.message, SourceLocation{}, {}, {}});
+        } else if (finding.severity == IssueSeverity::Error) {
+            errors.push_back(std::move(finding));
         }
     }
-    const bool hopeless = cannot_be_forced(findings);
-    if (report_findings(input, before, std::move(findings)) && (hopeless || !output.force)) {
+    return errors;
+}
+
+}  // namespace
+
+int finish_edit(const EditOutput& output, const Input& input, const std::string& before, const AIPEditor& editor) {
+    OverlayResult laid_over = output.canonical ? OverlayResult() : editor.render_over(before);
+    const std::string after = output.canonical ? editor.render() : std::move(laid_over.text);
+    const std::vector<Finding> lost = output.canonical ? inexpressible(editor, after) : not_written(laid_over);
+    const bool hopeless = output.canonical ? cannot_be_forced(lost) : !lost.empty();
+    // What is lost has its place in the text before, errors have theirs in the text that would be written.
+    const bool loses = report_findings(input, before, lost);
+    const bool refused = report_findings(input, after, new_errors(before, after, editor.schema())) || loses;
+    if (refused && (hopeless || !output.force)) {
         complain("'" + input.name + "' is left as it is" + (hopeless ? "" : " (--force writes it all the same)"));
         return exit_findings;
     }

@@ -54,11 +54,12 @@ private:
 void set_geometry(velk::input::amesp::AIPEditor& editor, const std::string& xyz_path,
                   std::optional<std::int32_t> charge, std::optional<std::int32_t> multiplicity);
 
-// Whether an edit asks for what no text says: that makes no sense even when forced.
+// Whether an edit asks for what no canonical text says: that makes no sense even when forced.
 bool cannot_be_forced(const std::vector<Finding>& findings);
 
-// Delivers the edited document unless its text would not say what it holds or it has errors that the text before did
-// not have; those are reported. Returns the exit status.
+// Delivers the edited document, laid over the text that it was read from or in canonical form, unless that text cannot
+// say what the document holds or has errors that the text before did not have; those are reported. Returns the exit
+// status.
 int finish_edit(const EditOutput& output, const Input& input, const std::string& before,
                 const velk::input::amesp::AIPEditor& editor);
 

@@ -25,8 +25,10 @@ std::string indented(std::string_view text) {
 std::string explanation(const CodeInfo& info) {
     std::string text(info.code);
     text += " (" + std::string(info.severity) + ")\n\n";
-    text += std::string(info.meaning) + "\n\nBad:\n\n" + indented(info.bad);
-    text += "\nGood:\n\n" + indented(info.good);
+    text += std::string(info.meaning) + "\n";
+    if (!info.bad.empty()) {
+        text += "\nBad:\n\n" + indented(info.bad) + "\nGood:\n\n" + indented(info.good);
+    }
     if (!info.schema.empty()) {
         text += "\nWith the schema:\n\n" + indented(info.schema);
     }

@@ -25,6 +25,7 @@ struct Finding {
     SourceLocation location;
     std::vector<Note> notes;
     std::vector<std::string> helps;
+    std::string suggestion = {};  // for an unknown name the one known name near to it, if there is just one
 };
 
 // A file with what was found in it, by place.

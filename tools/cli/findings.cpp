@@ -10,33 +10,13 @@
 #include <velk/input/amesp/schema_tables.hpp>
 
 #include "name_hints.hpp"
+#include "records_at.hpp"
 #include "source_lines.hpp"
 
 namespace amesp_inp {
 namespace {
 
 using namespace velk::input::amesp;
-
-auto place_of(const std::optional<SourceLocation>& location) {
-    return location ? std::tuple(location->line, location->column) : std::tuple(std::uint64_t{0}, std::uint64_t{0});
-}
-
-// The record that stands at a place; records are in the order of their places. Null if there is none.
-template <class Record>
-const Record* record_at(const std::vector<Record>& records, const SourceLocation& location) {
-    const auto found =
-        std::lower_bound(records.begin(), records.end(), place_of(location),
-                         [](const Record& record, const auto& place) { return place_of(record.location) < place; });
-    return found != records.end() && found->location == location ? &*found : nullptr;
-}
-
-// The last section whose header stands above a place.
-const Section* section_around(const AIPData& data, const SourceLocation& location) {
-    const auto after =
-        std::upper_bound(data.sections.begin(), data.sections.end(), place_of(location),
-                         [](const auto& place, const Section& section) { return place < place_of(section.location); });
-    return after == data.sections.begin() ? nullptr : &*std::prev(after);
-}
 
 class Finder {
 public:
@@ -174,7 +154,7 @@ private:
             const auto spec = tables.directives.find(schema_.canonical_directive(directive->name));
             return spec == tables.directives.end() ? nullptr : &spec->second;
         }
-        const Section* const section = section_around(data_, location);
+        const Section* const section = section_around(data_.sections, location);
         const SectionEntry* const entry = section == nullptr ? nullptr : record_at(section->entries, location);
         if (entry == nullptr) {
             return nullptr;
@@ -207,32 +187,34 @@ private:
         const SourceLocation& location = finding.location;
         if (finding.code == "amesp.unknown_method_token") {
             if (const MethodToken* const token = record_at(data_.method_tokens, location)) {
-                finding.helps =
-                    remembered("!" + token->canonical, [&] { return hints_for_token(schema_, token->canonical); });
+                add_hints(finding, "!" + token->canonical, [&] { return hints_for_token(schema_, token->canonical); });
             }
         } else if (finding.code == "amesp.unknown_directive") {
             if (const Directive* const directive = record_at(data_.directives, location)) {
-                finding.helps =
-                    remembered("%" + directive->name, [&] { return hints_for_directive(schema_, directive->name); });
+                add_hints(finding, "%" + directive->name,
+                          [&] { return hints_for_directive(schema_, directive->name); });
             }
         } else if (finding.code == "amesp.unknown_section") {
             if (const Section* const section = record_at(data_.sections, location)) {
-                finding.helps =
-                    remembered(">" + section->name, [&] { return hints_for_section(schema_, section->name); });
+                add_hints(finding, ">" + section->name, [&] { return hints_for_section(schema_, section->name); });
             }
-        } else if (const Section* const section = section_around(data_, location)) {
+        } else if (const Section* const section = section_around(data_.sections, location)) {
             if (const SectionEntry* const entry = record_at(section->entries, location)) {
-                finding.helps = remembered(section->name + "\n" + entry->key,
-                                           [&] { return hints_for_entry(schema_, section->name, entry->key); });
+                add_hints(finding, section->name + "\n" + entry->key,
+                          [&] { return hints_for_entry(schema_, section->name, entry->key); });
             }
         }
     }
 
     // A name that occurs often is compared with the schema's names once.
     template <class Make>
-    const std::vector<std::string>& remembered(const std::string& key, Make make) {
-        const auto known = hints_.find(key);
-        return known != hints_.end() ? known->second : hints_.emplace(key, make()).first->second;
+    void add_hints(Finding& finding, const std::string& key, Make make) {
+        auto known = hints_.find(key);
+        if (known == hints_.end()) {
+            known = hints_.emplace(key, make()).first;
+        }
+        finding.helps = known->second.helps;
+        finding.suggestion = known->second.suggestion;
     }
 
     const SourceLines lines_;
@@ -241,7 +223,7 @@ private:
     std::vector<Finding> found_;
     std::vector<std::string> duplicates_;
     std::size_t next_duplicate_ = 0;
-    std::unordered_map<std::string, std::vector<std::string>> hints_;
+    std::unordered_map<std::string, NameHints> hints_;
 };
 
 }  // namespace

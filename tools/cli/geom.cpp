@@ -67,6 +67,7 @@ void add_geom(CLI::App& program, Run& run) {
         ->type_name("M")
         ->needs(from);
     add_edit_options(*geom, options->output);
+    add_canonical_option(*geom, options->output.canonical);
     geom->add_option("-o,--output", options->output.path, "Write to this file")
         ->type_name("OUT")
         ->excludes(geom->get_option("--in-place"));

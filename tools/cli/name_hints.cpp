@@ -66,23 +66,32 @@ public:
         }
     }
 
-    // "did you mean 'a', 'b' or 'c'?", or nothing.
-    std::vector<std::string> help() && {
+    // "did you mean 'a', 'b' or 'c'?", or nothing. `canonical` gives the name that a spelling stands for.
+    template <class Canonical>
+    NameHints hints(Canonical canonical) && {
         if (found_.empty()) {
             return {};
         }
         std::sort(found_.begin(), found_.end());
         found_.erase(std::unique(found_.begin(), found_.end()), found_.end());
+        const bool is_one_name = std::all_of(found_.begin(), found_.end(), [&](const std::string& spelling) {
+            return canonical(spelling) == canonical(found_.front());
+        });
+        std::string suggestion = found_.size() == 1 ? found_.front() : is_one_name ? canonical(found_.front()) : "";
         found_.resize(std::min(found_.size(), most_suggestions));
+        return {{help()}, std::move(suggestion)};
+    }
+
+private:
+    std::string help() const {
         std::string text = "did you mean ";
         for (std::size_t i = 0; i < found_.size(); ++i) {
             text += i == 0 ? "'" : (i + 1 == found_.size() ? " or '" : ", '");
             text += found_[i] + "'";
         }
-        return {text + "?"};
+        return text + "?";
     }
 
-private:
     std::size_t limit() const { return std::max<std::size_t>(1, name_.size() / 3) + 1; }
 
     std::string_view name_;
@@ -118,48 +127,51 @@ void add_other_kinds(std::vector<std::string>& helps, const InputSchema& schema,
 
 }  // namespace
 
-std::vector<std::string> hints_for_directive(const InputSchema& schema, std::string_view name) {
+NameHints hints_for_directive(const InputSchema& schema, std::string_view name) {
     Nearest nearest(name);
     nearest.offer_keys(schema.tables().directives);
     nearest.offer_keys(schema.tables().directive_aliases);
-    std::vector<std::string> helps = std::move(nearest).help();
-    add_other_kinds(helps, schema, name, Kind::directive);
-    return helps;
+    NameHints hints =
+        std::move(nearest).hints([&](std::string_view found) { return schema.canonical_directive(found); });
+    add_other_kinds(hints.helps, schema, name, Kind::directive);
+    return hints;
 }
 
-std::vector<std::string> hints_for_token(const InputSchema& schema, std::string_view name) {
+NameHints hints_for_token(const InputSchema& schema, std::string_view name) {
     Nearest nearest(name);
     nearest.offer_keys(schema.tables().method_tokens);
     nearest.offer_keys(schema.tables().method_token_aliases);
     offer_prefixed(nearest, schema.tables());
-    std::vector<std::string> helps = std::move(nearest).help();
-    add_other_kinds(helps, schema, name, Kind::token);
-    return helps;
+    NameHints hints =
+        std::move(nearest).hints([&](std::string_view found) { return schema.canonical_method_token(found); });
+    add_other_kinds(hints.helps, schema, name, Kind::token);
+    return hints;
 }
 
-std::vector<std::string> hints_for_section(const InputSchema& schema, std::string_view name) {
+NameHints hints_for_section(const InputSchema& schema, std::string_view name) {
     Nearest nearest(name);
     nearest.offer_keys(schema.tables().sections);
     nearest.offer_keys(schema.tables().section_aliases);
-    std::vector<std::string> helps = std::move(nearest).help();
-    add_other_kinds(helps, schema, name, Kind::section);
-    return helps;
+    NameHints hints = std::move(nearest).hints([&](std::string_view found) { return schema.canonical_section(found); });
+    add_other_kinds(hints.helps, schema, name, Kind::section);
+    return hints;
 }
 
-std::vector<std::string> hints_for_entry(const InputSchema& schema, std::string_view section, std::string_view name) {
+NameHints hints_for_entry(const InputSchema& schema, std::string_view section, std::string_view name) {
     const auto& sections = schema.tables().sections;
     Nearest nearest(name);
     if (const auto spec = sections.find(schema.canonical_section(section)); spec != sections.end()) {
         nearest.offer_keys(spec->second.entries);
         nearest.offer_keys(spec->second.entry_aliases);
     }
-    std::vector<std::string> helps = std::move(nearest).help();
+    NameHints hints =
+        std::move(nearest).hints([&](std::string_view found) { return schema.canonical_entry(section, found); });
     for (const auto& [other, spec] : sections) {
         if (schema.is_known_entry(other, name)) {
-            helps.push_back("'" + std::string(name) + "' is known as an entry of '>" + other + "'");
+            hints.helps.push_back("'" + std::string(name) + "' is known as an entry of '>" + other + "'");
         }
     }
-    return helps;
+    return hints;
 }
 
 }  // namespace amesp_inp

@@ -52,6 +52,7 @@ void add_set(CLI::App& program, Run& run) {
     }
     options->edits.add_charge_options(*set);
     add_edit_options(*set, options->output);
+    add_canonical_option(*set, options->output.canonical);
     set->add_option("-o,--output", options->output.path, "Write to this file")
         ->type_name("OUT")
         ->excludes(set->get_option("--in-place"));

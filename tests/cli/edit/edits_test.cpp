@@ -60,14 +60,28 @@ INSTANTIATE_TEST_SUITE_P(
     Set, Change,
     testing::Values(Changed{{"--directive", "maxcore=4000"}, "2000", "4000"},
                     Changed{{"--directive", "maxcore=1", "--directive", "maxcore=7"}, "2000", "7"},
-                    Changed{{"--unset-directive", "maxcore"}, "% maxcore 2000\n\n", ""},
+                    Changed{{"--unset-directive", "maxcore"}, "% maxcore 2000\n", ""},
                     Changed{{"--unset-directive", "maxcore", "--directive", "maxcore=3"}, "2000", "3"},
-                    Changed{{"--directive", "maxcore=3", "--unset-directive", "maxcore"}, "% maxcore 2000\n\n", ""},
+                    Changed{{"--directive", "maxcore=3", "--unset-directive", "maxcore"}, "% maxcore 2000\n", ""},
                     Changed{{"--method", "mp2  def2-svp"}, "hf sto-3g", "mp2 def2-svp"},
                     Changed{{"--remove-token", "sto-3g", "--add-token", "def2-svp"}, "sto-3g", "def2-svp"},
                     Changed{{"--entry", "scf.maxcyc=200"}, "50", "200"},
                     Changed{{"--unset-entry", "scf.maxcyc"}, "  maxcyc 50\n", ""},
-                    Changed{{"--remove-section", "scf"}, ">scf\n  maxcyc 50\nend\n\n", ""}));
+                    Changed{{"--entry", "scf.note=b=c"}, "50\n", "50\n  note = b=c\n"},
+                    Changed{{"--entry", "scf.end="}, "50\n", "50\n  end =\n"},
+                    Changed{{"--remove-section", "scf"}, ">scf\n  maxcyc 50\nend\n", ""}));
+
+TEST(Set, GivesCanonicalTextWhenAsked) {
+    const auto set = [](const std::string& text, const std::string& entry) {
+        return run_edit({"set", "-", "--canonical", "--entry", entry}, {.input = text});
+    };
+    EXPECT_EQ(set(with(water, "  maxcyc 50", "\tMaxIter=50"), "scf.guess=core").out,
+              with(water, "50\n", "50\n  guess core\n"));
+    const ProgramRun refused = set(with(water, "0.1173000000", "0.1173 apex"), "scf.guess=core");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.err, HasSubstr("[amesp-inp.dropped_words]"));
+    EXPECT_EQ(set(water, "scf.note=a=b").status, 1);
+}
 
 class Refusal : public testing::TestWithParam<std::vector<std::string>> {};
 
@@ -83,16 +97,16 @@ TEST_P(Refusal, LeavesTheFileAsItIs) {
     EXPECT_EQ(dir.entry_count(), 1U);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Set, Refusal,
-    testing::Values(std::vector<std::string>{"--directive", "maxcore=lots"},
-                    std::vector<std::string>{"--directive", "maxcore=1\n! mp2"},
-                    std::vector<std::string>{"--directive", "a b=c"}, std::vector<std::string>{"--add-token", "a b"},
-                    std::vector<std::string>{"--method", ""}, std::vector<std::string>{"--entry", "notes.a=b"},
-                    std::vector<std::string>{"--entry", "scf.a=b=c"}, std::vector<std::string>{"--entry", "scf.a b=c"},
-                    std::vector<std::string>{"--entry", "scf.end="},
-                    std::vector<std::string>{"--entry", "scf.x=1\nend"},
-                    std::vector<std::string>{"--remove-section", "xyz"}));
+INSTANTIATE_TEST_SUITE_P(Set, Refusal,
+                         testing::Values(std::vector<std::string>{"--directive", "maxcore=lots"},
+                                         std::vector<std::string>{"--directive", "maxcore=1\n! mp2"},
+                                         std::vector<std::string>{"--directive", "a b=c"},
+                                         std::vector<std::string>{"--add-token", "a b"},
+                                         std::vector<std::string>{"--method", ""},
+                                         std::vector<std::string>{"--entry", "notes.a=b"},
+                                         std::vector<std::string>{"--entry", "scf.a b=c"},
+                                         std::vector<std::string>{"--entry", "scf.x=1\nend"},
+                                         std::vector<std::string>{"--remove-section", "xyz"}));
 
 TEST(Set, WritesWhatIsForced) {
     const ProgramRun run = run_edit({"set", "--force", "-", "--directive", "maxcore=lots"}, {.input = water});
