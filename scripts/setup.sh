@@ -1,9 +1,13 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of scripts/packages.txt that this machine does not have.
+# Installs the Debian packages that this machine does not have: those of the lists given, or of scripts/packages.txt.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+lists=("$@")
+if [ ${#lists[@]} -eq 0 ]; then
+  lists=(scripts/packages.txt)
+fi
 missing=()
-for package in $(grep -v '^#' scripts/packages.txt); do
+for package in $(grep -hv '^#' "${lists[@]}"); do
   dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
 done
 if [ ${#missing[@]} -eq 0 ]; then
