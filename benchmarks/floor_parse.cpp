@@ -79,13 +79,18 @@ private:
 
     std::size_t bytes_left() const { return static_cast<std::size_t>(end_ - next_); }
 
-    // How many lines the body holds, so that its list is made once in its size.
-    std::size_t body_lines() const {
+    // Makes the list of a large body once in its size. A small one is faster grown than counted.
+    template <class Record>
+    void make_room(std::vector<Record>& records) const {
+        constexpr std::size_t large = std::size_t{1} << 18;
+        if (bytes_left() < large) {
+            return;
+        }
         std::size_t lines = 0;
         for (const char* line = next_; *line != 'e'; ++lines) {
             line = static_cast<const char*>(std::memchr(line, '\n', static_cast<std::size_t>(end_ - line))) + 1;
         }
-        return lines;
+        records.reserve(lines);
     }
 
     SourceLocation location(std::string_view text) const {
@@ -137,7 +142,7 @@ private:
     }
 
     void read_atoms(std::vector<AtomRecord>& atoms) {
-        atoms.reserve(body_lines());
+        make_room(atoms);
         while (next_line() && line_ != "end") {
             const std::string_view text = trimmed(line_);
             const char* place = text.data();
@@ -163,7 +168,7 @@ private:
     }
 
     void read_entries(std::vector<SectionEntry>& entries, const FloorNames::Section& section) {
-        entries.reserve(body_lines());
+        make_room(entries);
         while (next_line() && line_ != "end") {
             const std::string_view text = trimmed(line_);
             const auto* const equals = static_cast<const char*>(std::memchr(text.data(), '=', text.size()));
