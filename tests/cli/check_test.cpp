@@ -219,6 +219,16 @@ TEST(Check, KeepsControlBytesFromTheTerminalAndAlignsTabs) {
     EXPECT_THAT(out, HasSubstr("    1 | \t% maxcore ?[31m?\n      | \t^~~~"));
 }
 
+TEST(Check, MarksCharactersAndNotTheirBytes) {
+    const ProgramRun run =
+        run_program({"check", "--schema", starter, "-"}, {.input = "! \u00e4\u20ac \u00fc\u0085x\n"});
+    EXPECT_THAT(run.out, HasSubstr("<stdin>:1:3: warning"));
+    EXPECT_THAT(run.out, HasSubstr("    1 | ! \u00e4\u20ac \u00fc?x\n      |   ^~\n"));
+    EXPECT_THAT(run.out, HasSubstr("<stdin>:1:9: warning"));
+    EXPECT_THAT(run.out, HasSubstr("    1 | ! \u00e4\u20ac \u00fc?x\n      |      ^~~\n"));
+    EXPECT_THAT(run.out, testing::Not(HasSubstr("\u0085")));
+}
+
 TEST(Check, ShowsThePartOfALongLineThatMatters) {
     const std::string out = check_text("! " + std::string(100000, 'x') + " odd\n" + good.substr(good.find('>'))).out;
     EXPECT_LT(out.size(), 202000U);  // the messages quote the name in full

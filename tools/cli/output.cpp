@@ -17,22 +17,26 @@ bool flush_output() {
 
 void complain(std::string_view message) {
     std::string line = "amesp-inp: ";
-    for (const char c : message) {  // a message may have several lines
-        if (c == '\n') {
-            line += c;
-        } else {
-            append_printable(line, {&c, 1});
-        }
+    for (std::size_t feed = message.find('\n'); feed != std::string_view::npos; feed = message.find('\n')) {
+        append_printable(line, message.substr(0, feed));  // a message may have several lines
+        line += '\n';
+        message.remove_prefix(feed + 1);
     }
+    append_printable(line, message);
     line += '\n';
     std::fputs(line.c_str(), stderr);
 }
 
 void append_printable(std::string& out, std::string_view text) {
-    constexpr char delete_byte = 0x7F;
-    for (const char c : text) {
-        const bool is_control = (c >= 0 && c < ' ' && c != '\t') || c == delete_byte;
-        out += is_control ? '?' : c;
+    const auto is_control = [](char c) { return (c >= '\0' && c < ' ' && c != '\t') || c == '\x7F'; };
+    // A lead byte and one that would be a control byte but for its eighth bit.
+    const auto is_wide_control = [](std::string_view two) {
+        return two.size() == 2 && two[0] == '\xC2' && (static_cast<unsigned char>(two[1]) & 0xE0U) == 0x80U;
+    };
+    while (!text.empty()) {
+        const bool is_wide = is_wide_control(text.substr(0, 2));
+        out += is_wide || is_control(text.front()) ? '?' : text.front();
+        text.remove_prefix(is_wide ? 2 : 1);
     }
 }
 

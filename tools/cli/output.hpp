@@ -15,7 +15,7 @@ bool flush_output();
 // One line on standard error: "amesp-inp: MESSAGE".
 void complain(std::string_view message);
 
-// `text` without what a terminal would act on: control bytes become '?', a tab stays.
+// `text` without what a terminal would act on: control characters, those of UTF-8 included, become '?', a tab stays.
 void append_printable(std::string& out, std::string_view text);
 
 }  // namespace amesp_inp

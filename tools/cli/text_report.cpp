@@ -26,6 +26,11 @@ struct Style {
 constexpr Style plain_style{};
 constexpr Style color_style{"\033[1m", "\033[1;31m", "\033[1;35m", "\033[1;36m", "\033[1;32m", "\033[0m"};
 
+// Whether a byte begins a character: in UTF-8 the other bytes of one take no room of their own.
+bool is_shown(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+}
+
 class Report {
 public:
     Report(const FileFindings& file, bool color)
@@ -92,10 +97,10 @@ private:
         add_margin(std::string(number.size(), ' '));
         out_.append(begin == 0 ? 0 : 3, ' ');
         for (const char c : shown.substr(0, column - begin)) {
-            out_ += c == '\t' ? '\t' : ' ';
+            out_.append(is_shown(c) ? 1 : 0, c == '\t' ? '\t' : ' ');
         }
-        const std::size_t room = shown.size() - std::min(shown.size(), column - begin);
-        const std::size_t length = std::min<std::size_t>(location.length, room);
+        const std::string_view marked = shown.substr(std::min(shown.size(), column - begin), location.length);
+        const auto length = static_cast<std::size_t>(std::count_if(marked.begin(), marked.end(), is_shown));
         out_ += style_.marker;
         out_ += '^';
         out_.append(length > 1 ? length - 1 : 0, '~');
