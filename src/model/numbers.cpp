@@ -13,12 +13,10 @@
 
 #include <velk/core/text_view.hpp>
 
+#include "model/short_decimal.hpp"
+
 namespace velk::input::amesp {
 namespace {
-
-bool is_digit(char c) noexcept {
-    return c >= '0' && c <= '9';
-}
 
 // The C library takes a leading '+', std::from_chars does not. "+-1" must not become "-1".
 std::string_view without_plus(std::string_view text) noexcept {
@@ -103,6 +101,9 @@ std::optional<double> read_real(std::string_view text) {
     if (trimmed.empty()) {
         return std::nullopt;
     }
+    if (const ShortDecimal decimal = short_decimal(trimmed); decimal.size == trimmed.size()) {
+        return decimal.value;
+    }
     if (const std::optional<double> value = read_plain_decimal(trimmed)) {
         return value;
     }
@@ -113,6 +114,24 @@ std::optional<double> read_real(std::string_view text) {
         return value;
     }
     return read_with_c_library(with_e);
+}
+
+std::optional<double> take_real(std::string_view& rest, const char* readable_end) {
+    std::size_t begin = 0;
+    while (begin < rest.size() && core::text::is_space(rest[begin])) {
+        ++begin;
+    }
+    rest.remove_prefix(begin);
+    if (readable_end - rest.data() >= static_cast<std::ptrdiff_t>(short_decimals::readable_size)) {
+        const ShortDecimal decimal = short_decimal(rest.data());
+        const bool whole_word =
+            decimal.size == rest.size() || (decimal.size < rest.size() && core::text::is_space(rest[decimal.size]));
+        if (decimal.size != 0 && whole_word) {
+            rest.remove_prefix(decimal.size);
+            return decimal.value;
+        }
+    }
+    return read_real(core::text::take_word(rest));
 }
 
 void append_fixed(std::string& out, double value, int decimals) {

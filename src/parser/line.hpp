@@ -23,7 +23,13 @@ struct Line {
     }
 
     // Of a line in a section: the first byte that is neither blank nor tab.
-    SourceLocation body_location() const { return {number, raw.find_first_not_of(" \t") + 1, text.size()}; }
+    SourceLocation body_location() const {
+        std::size_t begin = 0;
+        while (begin < raw.size() && (raw[begin] == ' ' || raw[begin] == '\t')) {
+            ++begin;
+        }
+        return {number, begin + 1, text.size()};
+    }
 };
 
 // Walks over the lines of a text, which must outlive the lines taken.

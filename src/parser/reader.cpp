@@ -23,7 +23,7 @@ using core::text::trim_view;
 class Reader {
 public:
     Reader(std::string_view text, const InputSchema& schema, bool preserve_unknown)
-        : lines_(text), schema_(schema), preserve_unknown_(preserve_unknown) {}
+        : lines_(text), text_end_(text.data() + text.size()), schema_(schema), preserve_unknown_(preserve_unknown) {}
 
     AIPData run() {
         Line line;
@@ -152,9 +152,9 @@ private:
     void read_atom(const Line& line, Section& section) {
         std::string_view rest = line.text;
         const std::string_view symbol = take_word(rest);
-        const std::optional<double> x = read_real(take_word(rest));
-        const std::optional<double> y = x ? read_real(take_word(rest)) : std::nullopt;
-        const std::optional<double> z = y ? read_real(take_word(rest)) : std::nullopt;
+        const std::optional<double> x = take_real(rest, text_end_);
+        const std::optional<double> y = x ? take_real(rest, text_end_) : std::nullopt;
+        const std::optional<double> z = y ? take_real(rest, text_end_) : std::nullopt;
         if (!z) {
             section.raw_lines.emplace_back(line.raw);
             warn(warnings::invalid_xyz_record(line.number));
@@ -194,6 +194,7 @@ private:
     }
 
     LineCursor lines_;
+    const char* const text_end_;
     const InputSchema& schema_;
     const bool preserve_unknown_;
     bool content_seen_ = false;
