@@ -1,4 +1,7 @@
 // A document as AMESP input text, one function for each kind of record.
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <stdexcept>
 #include <string_view>
 
@@ -6,6 +9,7 @@
 #include <velk/core/text_view.hpp>
 #include <velk/input/amesp/editor.hpp>
 
+#include "model/coordinate_text.hpp"
 #include "model/geometry_names.hpp"
 #include "model/numbers.hpp"
 #include "schema/queries.hpp"
@@ -15,7 +19,6 @@ namespace {
 
 using core::text::trim_view;
 
-constexpr int coordinate_decimals = 10;
 constexpr std::string_view body_indent = "  ";
 
 class Renderer {
@@ -116,15 +119,37 @@ private:
     }
 
     void add_atoms(const Section& section) {
+        constexpr std::size_t usual_line = 2 + 2 + 3 * (1 + 4 + coordinate_decimals) + 1;
+        text_.reserve(text_.size() + section.atoms.size() * usual_line);
         for (const AtomRecord& atom : section.atoms) {
-            text_ += body_indent;
-            text_ += atom.symbol;
-            for (const double coordinate : {atom.x, atom.y, atom.z}) {
-                text_ += ' ';
-                append_fixed(text_, coordinate, coordinate_decimals);
-            }
-            text_ += '\n';
+            add_atom(atom);
         }
+    }
+
+    // Put together on the stack and appended in one piece, up to a coordinate that only the general way can write.
+    void add_atom(const AtomRecord& atom) {
+        constexpr std::size_t short_symbol = 16;
+        std::array<char, body_indent.size() + short_symbol + 3 * (1 + longest_coordinate) + 1> line;
+        char* end = std::copy(body_indent.begin(), body_indent.end(), line.data());
+        if (atom.symbol.size() <= short_symbol) {
+            end = std::copy(atom.symbol.begin(), atom.symbol.end(), end);
+        } else {
+            text_.append(line.data(), end);
+            text_ += atom.symbol;
+            end = line.data();
+        }
+        for (const double coordinate : {atom.x, atom.y, atom.z}) {
+            *end++ = ' ';
+            if (char* const next = write_coordinate(end, coordinate)) {
+                end = next;
+                continue;
+            }
+            text_.append(line.data(), end);
+            append_fixed(text_, coordinate, coordinate_decimals);
+            end = line.data();
+        }
+        *end++ = '\n';
+        text_.append(line.data(), end);
     }
 
     void add_entries(const Section& section, std::string_view name) {

@@ -1,0 +1,17 @@
+// Coordinates as text: ten decimals, a few multiplications each.
+#pragma once
+
+#include <cstddef>
+
+namespace velk::input::amesp {
+
+inline constexpr int coordinate_decimals = 10;
+
+// No coordinate written here takes more bytes: a sign, eight digits, a point, the decimals.
+inline constexpr std::size_t longest_coordinate = 1 + 8 + 1 + coordinate_decimals;
+
+// Writes to `out`, which has room for `longest_coordinate` bytes, what printf prints for "%.10f", and returns the end
+// of it; null, with nothing said of the bytes, for a value of 2^26 and above, an infinity or a NaN.
+char* write_coordinate(char* out, double value) noexcept;
+
+}  // namespace velk::input::amesp
