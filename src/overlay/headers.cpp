@@ -39,7 +39,7 @@ Words wanted_arguments(const InputSchema& schema, const SectionChange& change) {
 }
 
 bool reads_as(const InputSchema& schema, std::string_view header, std::string_view name, const Words& arguments) {
-    const std::optional<Section> read = read_header(header, schema);
+    const std::optional<Section> read = read_section(header, {}, schema);
     return read && read->arguments == arguments &&
            schema.canonical_section(read->name) == schema.canonical_section(name);
 }

@@ -49,10 +49,6 @@ std::string_view LineTable::line_end(std::size_t line) const {
     return text_.substr(begin, end_of(line) - begin);
 }
 
-std::string_view LineTable::whole(std::size_t line) const {
-    return text_.substr(lines_[line].begin, end_of(line) - lines_[line].begin);
-}
-
 const SectionLines& LineTable::section_at(std::size_t header) const {
     return *std::lower_bound(sections_.begin(), sections_.end(), header,
                              [](const SectionLines& section, std::size_t line) { return section.header < line; });

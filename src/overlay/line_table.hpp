@@ -23,8 +23,6 @@ public:
     std::size_t size() const noexcept { return lines_.size(); }
     std::string_view raw(std::size_t line) const { return text_.substr(lines_[line].begin, lines_[line].size); }
     std::string_view line_end(std::size_t line) const;
-    // The bytes of a line with its line end.
-    std::string_view whole(std::size_t line) const;
 
     const std::vector<SectionLines>& sections() const noexcept { return sections_; }
     // The section whose header is that line, which must be one.

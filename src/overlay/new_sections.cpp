@@ -63,7 +63,7 @@ void add_raw_lines(Overlay& overlay, const Section& section, Lines& lines) {
 std::optional<std::string> raw_line(const Overlay& overlay, std::string_view header, std::string_view raw) {
     std::string line = raw.empty() ? std::string() : std::string(body_indent) + std::string(trim_view(raw));
     const std::optional<Section> read = read_section(header, line + '\n', overlay.schema);
-    if (!read || read->raw_lines != std::vector{line} || !read->entries.empty() || !read->atoms.empty()) {
+    if (!read || read->raw_lines != std::vector{line}) {
         return std::nullopt;
     }
     return line;
@@ -71,7 +71,7 @@ std::optional<std::string> raw_line(const Overlay& overlay, std::string_view hea
 
 std::vector<std::string> section_lines(Overlay& overlay, const Section& section) {
     Lines lines{header_line(overlay, section)};
-    const std::optional<Section> read = read_header(lines.front(), overlay.schema);
+    const std::optional<Section> read = read_section(lines.front(), {}, overlay.schema);
     if (!read) {
         overlay.problems.cannot_write("Section '>" + section.name + "'", section.location);
         return {};

@@ -9,13 +9,10 @@
 namespace velk::input::amesp {
 namespace {
 
+// Of a text that ends in a line feed.
 bool ends_with_blank_line(std::string_view text) {
-    const std::size_t last = text.find_last_of('\n', text.empty() ? 0 : text.size() - 1);
-    if (last == std::string_view::npos || last + 1 != text.size()) {
-        return false;
-    }
-    const std::size_t before = last == 0 ? std::string_view::npos : text.find_last_of('\n', last - 1);
-    return core::text::trim_view(text.substr(before + 1)).empty();  // npos + 1 is 0
+    text.remove_suffix(1);
+    return core::text::trim_view(text.substr(text.rfind('\n') + 1)).empty();  // npos + 1 is 0
 }
 
 }  // namespace
@@ -75,12 +72,12 @@ std::string Patch::assemble() {
     std::string out;
     auto insertion = insertions_.begin();
     auto replacement = replaced_.begin();
-    for (std::size_t line = 0; line <= lines_.size(); ++line) {
+    for (std::size_t line = 0;; ++line) {
         for (; insertion != insertions_.end() && insertion->slot == line; ++insertion) {
             emit(out, *insertion);
         }
         if (line == lines_.size()) {
-            break;
+            return out;
         }
         const bool replaced = replacement != replaced_.end() && replacement->first == line;
         if (!dropped_[line]) {
@@ -89,7 +86,6 @@ std::string Patch::assemble() {
         }
         replacement += replaced ? 1 : 0;
     }
-    return out;
 }
 
 }  // namespace velk::input::amesp

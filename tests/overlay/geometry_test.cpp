@@ -86,6 +86,29 @@ TEST(Geometry, WritesCoordinatesThatReadBackAsTheSameNumber) {
     EXPECT_TRUE(std::signbit(data.sections[0].atoms[0].z));
 }
 
+TEST(Geometry, TakesNewKeptLinesBehindItsAtoms) {
+    const std::string text = ">xyz 0 1\nH 0 0 0\nend\n";
+    const auto with_lines = [](std::vector<std::string> lines) {
+        return [=](AIPEditor& editor) {
+            editor.set_xyz_geometry(0, 1, {atom("H", 0, 0, 0)});
+            editor.upsert_section("xyz", {}).raw_lines = lines;
+        };
+    };
+    expect_laid_over({{"", text, with_lines({"# why", ""}), ">xyz 0 1\nH 0 0 0\n  # why\n\nend\n"}});
+    const auto result = laid_over(text, with_lines({"He 0 0 0"}));  // would be an atom
+    EXPECT_EQ(result.text, text);
+    ASSERT_EQ(result.problems.size(), 1u);
+    EXPECT_EQ(result.problems[0].code, "amesp.not_expressible");
+}
+
+TEST(Geometry, KeepsTheLineOfAnAtomWhoseNewCoordinateNoLineHolds) {
+    const std::string text = ">xyz 0 1\nH 0 0 0\nend\n";
+    const auto result = laid_over(text, set({atom("H", std::numeric_limits<double>::denorm_min(), 0, 0)}));
+    EXPECT_EQ(result.text, text);
+    ASSERT_EQ(result.problems.size(), 1u);
+    EXPECT_NE(result.problems[0].message.find("Atom 1 of section '>xyz'"), std::string::npos);
+}
+
 TEST(Geometry, SaysWhichAtomsNoLineHolds) {
     const double denormal = std::numeric_limits<double>::denorm_min();
     const std::vector<AtomRecord> bad = {atom("H", 0, 0, 0), atom("C 1", 0, 0, 0),      atom("", 0, 0, 0),

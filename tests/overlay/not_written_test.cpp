@@ -60,6 +60,20 @@ TEST(NotWritten, IsWhatNoLineReadsBackAs) {
              editor.upsert_section("scf", {}).atoms.push_back({"H", 0, 0, 0, "", {}});
          },
          text, code},
+        {"atoms of a new section of entries", text,
+         [](AIPEditor& editor) {
+             editor.upsert_section("opt", {}).atoms.push_back({"H", 0, 0, 0, "", {}});
+         },
+         text + "\n>opt\nend\n", code},
+        {"a directive's new name with a blank", text,
+         [](AIPEditor& editor) {
+             auto data = editor.data();
+             data.directives[0].name = "my name";
+             editor.set_data(data);
+         },
+         text, code},
+        {"header arguments that hold body lines", text,
+         [](AIPEditor& editor) { editor.upsert_section("scf", {"a\nconv 1"}); }, text, code},
         {"an entry of a new raw section", "", entry("frob", "a", "1"), ">frob\nend\n", code},
         {"a kept line of a new section that is an entry", "",
          [](AIPEditor& editor) { editor.upsert_section("scf", {}).raw_lines = {"a 1"}; }, ">scf\nend\n", code},
@@ -88,6 +102,8 @@ TEST(NotWritten, IsWhatDoesNotGoWithTheText) {
          text, code},
         {"entries in another order", text,
          change([](auto& data) { std::swap(data.sections[0].entries[0], data.sections[0].entries[1]); }), text, code},
+        {"a directive of another column", text, change([](auto& data) { data.directives[1].location->column = 77; }),
+         text, code},
         {"a kept line", text, change([](auto& data) { data.sections[1].raw_lines[0] = "bound"; }), text, code},
         {"a header comment", text, change([](auto& data) { data.header_comments.clear(); }), text, code},
         {"a later comment", text, change([](auto& data) { data.preserved_lines.push_back("# e"); }), text, code},
