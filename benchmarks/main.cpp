@@ -1,6 +1,7 @@
 // Runs the pairs through Google Benchmark, whose flags all hold (--benchmark_filter=REGEX), and prints the table.
 #include <cstdio>
 #include <map>
+#include <utility>
 
 #include "pair.hpp"
 #include "rows.hpp"
@@ -10,6 +11,12 @@ namespace {
 
 std::map<std::string, Target>& targets() {
     static std::map<std::string, Target> all;
+    return all;
+}
+
+// By place; groups of one place in the order of their making.
+std::multimap<Place, void (*)()>& groups() {
+    static std::multimap<Place, void (*)()> all;
     return all;
 }
 
@@ -48,6 +55,16 @@ public:
 
 }  // namespace
 
+RowGroup::RowGroup(Place place, void (*add)()) {
+    groups().emplace(place, add);
+}
+
+void add_all_rows() {
+    for (const auto& [place, add] : groups()) {
+        add();
+    }
+}
+
 void set_target(const std::string& row, Target target) {
     targets()[row] = target;
 }
@@ -59,9 +76,7 @@ Target target_of(const std::string& row) {
 }  // namespace velk::bench
 
 int main(int argc, char** argv) try {
-    velk::bench::add_parse_rows();
-    velk::bench::add_render_rows();
-    velk::bench::add_document_rows();
+    velk::bench::add_all_rows();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 2;

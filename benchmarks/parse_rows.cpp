@@ -67,9 +67,7 @@ void add_entry_rows(const Size& size) {
         [=] { return against_floor(entries_text(size.count), validated); }, size.seconds);
 }
 
-}  // namespace
-
-void add_parse_rows() {
+void add_rows() {
     add_coordinate_rows(thousand);
     add_coordinate_rows(hundred_thousand);
     add_coordinate_rows(million);
@@ -89,4 +87,7 @@ void add_parse_rows() {
         [] { return floor_growth(entries_text(100000), 1e5, entries_text(1000), 1e3); }, hundred_thousand.seconds);
 }
 
+const RowGroup group(Place::parse, add_rows);
+
+}  // namespace
 }  // namespace velk::bench

@@ -18,9 +18,7 @@ auto against_floor(const std::string& text) {
     return Contest([editor] { return editor.render(); }, [editor] { return floor_render(editor.data()); });
 }
 
-}  // namespace
-
-void add_render_rows() {
+void add_rows() {
     constexpr Target target = at_most(0.45);
     add_pair("render 1e3 atoms / std::to_chars", target, [] { return against_floor(coordinates_text(1000)); });
     add_pair(
@@ -30,4 +28,7 @@ void add_render_rows() {
     add_pair("render 1e3 entries / floor", no_target(), [] { return against_floor(entries_text(1000)); });
 }
 
+const RowGroup group(Place::render, add_rows);
+
+}  // namespace
 }  // namespace velk::bench

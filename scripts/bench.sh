@@ -8,3 +8,4 @@ mkdir -p build
 cmake --preset bench >build/bench.log
 cmake --build --preset bench >>build/bench.log || { cat build/bench.log; exit 1; }
 build/bench/bin/amesp_bench "$@"
+build/bench/bin/amesp_bench_memory
