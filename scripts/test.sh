@@ -32,6 +32,9 @@ cmake --build --preset sanitize
 step "clang++: tests under the sanitizers"
 ctest --preset sanitize -j2
 
+step "the fuzzers, for a short time each"
+scripts/fuzz.sh 20
+
 step "static analysis"
 scripts/check_static.sh build/sanitize
 

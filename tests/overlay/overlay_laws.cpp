@@ -20,6 +20,14 @@ std::string bits(double value) {
     return std::to_string(number);
 }
 
+// A carriage return at the very end of a text belongs to the last line, and to a line end once one is added.
+std::string without_carriage_return(std::string line) {
+    if (!line.empty() && line.back() == '\r') {
+        line.pop_back();
+    }
+    return line;
+}
+
 // All of a section that edits may change, as one text.
 std::string described(const Section& section, bool known_only) {
     std::string text = ">" + section.name;
@@ -34,7 +42,7 @@ std::string described(const Section& section, bool known_only) {
     }
     // A new geometry takes over the comments of the old one.
     for (const std::string& line : section.name == "xyz" ? std::vector<std::string>() : section.raw_lines) {
-        text += "\n" + line;
+        text += "\n" + without_carriage_return(line);
     }
     return text;
 }
