@@ -28,7 +28,7 @@ std::string join(std::string_view directory, std::string_view name) {
 // The directory of the file that this code was loaded from, symbolic links resolved; empty when it cannot be told.
 std::string library_directory() {
     Dl_info info{};
-    if (::dladdr(reinterpret_cast<const void*>(&library_directory), &info) == 0 || info.dli_fname == nullptr) {
+    if (::dladdr(reinterpret_cast<const void*>(&library_directory), &info) == 0) {
         return {};
     }
     const std::unique_ptr<char, decltype(&std::free)> path(::realpath(info.dli_fname, nullptr), &std::free);

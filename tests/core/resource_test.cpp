@@ -86,6 +86,20 @@ TEST_F(LocateFile, PrefersTheUsersDataDirectoryThatTheVariableNames) {
     EXPECT_EQ(locate_file(name, "", {}, 6), user);
 }
 
+TEST_F(LocateFile, TakesTheUsualDirectoriesWhereTheVariablesAreNotSet) {
+    ::unsetenv("HOME");
+    EXPECT_EQ(locate_file(name, "", {}, search_data_directories), "");
+    ::unsetenv("XDG_DATA_DIRS");
+    EXPECT_EQ(locate_file(name, "", {}, search_data_directories), "");
+    const std::string extra = make(dir / "extra");
+    EXPECT_EQ(locate_file(name, "", {dir / "extra"}, search_data_directories), extra);
+}
+
+TEST_F(LocateFile, JoinsDirectoriesThatEndInASlash) {
+    const std::string extra = make(dir / "extra");
+    EXPECT_EQ(locate_file(name, "", {dir / "extra/"}, no_places), extra);
+}
+
 TEST_F(LocateFile, LeavesOutThePlacesThatTheOptionsDoNotName) {
     make(dir / "one/velk");
     EXPECT_EQ(locate_file(name, "", {}, no_places), "");

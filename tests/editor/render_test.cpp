@@ -94,6 +94,15 @@ TEST(Render, FollowsTheParseModeStoredInTheSection) {
               "\n>xyz\nend\n\n>xyz\n  k v\nend\n\n>xyz\n  H 1.0000000000 2.0000000000 3.0000000000\nend\n");
 }
 
+TEST(Render, WritesTheKeysOfAnUnknownSectionInNormalForm) {
+    AIPData data;
+    data.sections.resize(1);
+    data.sections[0].name = "Odd";
+    data.sections[0].parse_mode = SectionParseMode::key_value;
+    data.sections[0].entries = {{" MaxIter ", "v", false, "", {}}};
+    EXPECT_EQ(render(data), "\n>odd\n  maxiter v\nend\n");
+}
+
 TEST(Render, EndsInExactlyOneLineFeed) {
     AIPData data;
     data.preserved_lines = {"", "x", "", "\r", "\n"};

@@ -98,9 +98,9 @@ TEST(Sections, AreClosedByAnEndLineInAnyCase) {
 }
 
 TEST(Sections, AreNotClosedByWordsThatOnlyBeginWithEnd) {
-    const Section section = only_section(">notes\nend of data\nends\nen\nend.\n");
+    const Section section = only_section(">notes\nend of data\nends\nen\nend.\nenx\nxnd\nexd\n");
     EXPECT_FALSE(section.terminated);
-    EXPECT_THAT(section.raw_lines, ElementsAre("end of data", "ends", "en", "end."));
+    EXPECT_THAT(section.raw_lines, ElementsAre("end of data", "ends", "en", "end.", "enx", "xnd", "exd"));
 }
 
 TEST(Sections, WithoutEndSwallowTheRest) {

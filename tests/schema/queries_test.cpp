@@ -50,8 +50,14 @@ TEST(Schema, IsEmptyWithOnlyPrefixesOrAliases) {
     tables.section_aliases["a"] = "b";
     tables.method_token_aliases["a"] = "b";
     EXPECT_TRUE(schema_of(tables).empty());
-    tables.directives["a"] = {};
-    EXPECT_FALSE(schema_of(tables).empty());
+    const auto with = [&](auto fill) {
+        InputSchema::Impl filled = tables;
+        fill(filled);
+        return schema_of(filled).empty();
+    };
+    EXPECT_FALSE(with([](auto& filled) { filled.directives["a"] = {}; }));
+    EXPECT_FALSE(with([](auto& filled) { filled.method_tokens["a"] = {}; }));
+    EXPECT_FALSE(with([](auto& filled) { filled.sections["a"] = {}; }));
 }
 
 TEST(Schema, StaysUsableAfterAMove) {

@@ -25,10 +25,12 @@ TEST(StringMap, IteratesInTheOrderOfFirstInsertion) {
     map["a"] = 2;
     map.emplace("m", 3);
     map["z"] = 4;
-    map.insert_or_assign("a", 5);
-    EXPECT_THAT(keys(map), testing::ElementsAre("z", "a", "m"));
+    EXPECT_FALSE(map.insert_or_assign("a", 5).second);
+    EXPECT_TRUE(map.insert_or_assign("b", 6).second);
+    EXPECT_THAT(keys(map), testing::ElementsAre("z", "a", "m", "b"));
     EXPECT_EQ(map.at("z"), 4);
     EXPECT_EQ(map.at("a"), 5);
+    EXPECT_EQ(map.at("b"), 6);
 }
 
 TEST(StringMap, KeepsTheFirstValueThatIsEmplaced) {

@@ -191,6 +191,29 @@ TEST(Validate, ReportsTheIssuesOfOneSectionSpecificationTogetherInTheirOrder) {
                                       "AMESP section '>m' may appear only once."));
 }
 
+TEST(Validate, FindsNothingAmissWithARequiredSectionThatIsThere) {
+    const InputSchema schema = InputSchema::from_yaml(
+        "{method_tokens: {x: }, sections: {zmat: {required: true}, s: {required: true, allow_multiple: false}}}");
+    EXPECT_THAT(issues_of("! x\n>zmat\nend\n>s\nend", schema), IsEmpty());
+}
+
+// A canonical name that is an alias itself: the section's entries are looked up under what the alias stands for.
+TEST(Validate, LooksEntriesUpWithoutAliasesWhereTheSectionsNameStandsForAnotherThatIsMissing) {
+    InputSchema::Impl tables;
+    tables.sections["s"].name = "s";
+    tables.sections["s"].parse_mode = SectionParseMode::key_value;
+    tables.sections["s"].entries["conv"].name = "conv";
+    tables.sections["s"].entry_aliases = {{"conv", "conv"}, {"c", "conv"}};
+    tables.section_aliases = {{"x", "s"}, {"s", "missing"}};
+    AIPData data;
+    data.sections.resize(1);
+    data.sections[0].name = "x";
+    data.sections[0].entries = {{" CONV ", "", false, "", {}}, {"c", "", false, "", {}}};
+    const auto issues = InputSchema(std::make_shared<const InputSchema::Impl>(tables)).validate(data);
+    ASSERT_EQ(issues.size(), 3U);
+    EXPECT_EQ(issues[1].message, "Unknown entry 'c' in >s was preserved.");
+}
+
 TEST(Validate, UsesTheNamesThatHandFilledTablesGive) {
     InputSchema::Impl tables;
     tables.sections["s"] = {"other", SectionParseMode::raw, true, false, {}, {}};
