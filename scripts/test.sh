@@ -2,7 +2,7 @@
 # Sets up what is missing, then builds and runs every check of the project.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/setup.sh
+scripts/setup.sh scripts/packages.txt scripts/check_packages.txt
 
 step() { printf '\n== %s (%s s)\n' "$1" "$SECONDS"; }
 
