@@ -61,7 +61,8 @@ std::optional<std::string> link_target(std::string path) {
     constexpr int most_links = 40;
     std::string target(smallest_buffer, '\0');
     for (int followed = 0; followed <= most_links; ++followed) {
-        const ssize_t length = ::readlink(path.c_str(), target.data(), target.size());
+        const ssize_t length =
+            retry_interrupted([&] { return ::readlink(path.c_str(), target.data(), target.size()); });
         if (length < 0) {
             return path;
         }
@@ -108,7 +109,7 @@ int create_temporary(std::string_view directory, mode_t mode, std::string& path)
     constexpr int most_attempts = 100;
     for (int attempt = 0; attempt < most_attempts; ++attempt) {
         std::uint64_t number = 0;
-        if (::getrandom(&number, sizeof number, 0) != sizeof number) {
+        if (retry_interrupted([&] { return ::getrandom(&number, sizeof number, 0); }) != sizeof number) {
             return -1;
         }
         path = directory;
@@ -125,10 +126,13 @@ int create_temporary(std::string_view directory, mode_t mode, std::string& path)
 // Gives the temporary file what belongs to the file it replaces: the mode bits always, owner and group where the
 // process may.
 bool take_over_attributes(int descriptor, const struct stat& existing) noexcept {
-    if (::fchown(descriptor, existing.st_uid, existing.st_gid) != 0) {
-        static_cast<void>(::fchown(descriptor, static_cast<uid_t>(-1), existing.st_gid) == 0);
+    const auto set_owner = [&](uid_t owner) {
+        return retry_interrupted([&] { return ::fchown(descriptor, owner, existing.st_gid); }) == 0;
+    };
+    if (!set_owner(existing.st_uid)) {
+        static_cast<void>(set_owner(static_cast<uid_t>(-1)));
     }
-    return ::fchmod(descriptor, existing.st_mode & permission_bits) == 0;
+    return retry_interrupted([&] { return ::fchmod(descriptor, existing.st_mode & permission_bits); }) == 0;
 }
 
 }  // namespace
@@ -139,7 +143,7 @@ std::string read_text_file(const std::string& path) {
     }
     const File file(retry_interrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
     struct stat status {};
-    if (!file || ::fstat(file.get(), &status) != 0) {
+    if (!file || retry_interrupted([&] { return ::fstat(file.get(), &status); }) != 0) {
         throw_errno(errno);
     }
     if (S_ISDIR(status.st_mode)) {
@@ -175,7 +179,7 @@ bool write_text_file_atomic(const std::string& path, std::string_view content) {
         return false;
     }
     struct stat existing {};
-    const bool exists = ::lstat(target->c_str(), &existing) == 0;
+    const bool exists = retry_interrupted([&] { return ::lstat(target->c_str(), &existing); }) == 0;
     if (exists ? !S_ISREG(existing.st_mode) : errno != ENOENT) {
         return false;
     }

@@ -8,22 +8,44 @@
 #include "schema/records.hpp"
 
 namespace velk::input::amesp {
+namespace {
+
+// Brings a section up to date with what the schema makes of its name now.
+void refresh(Section& section, Section made) noexcept {
+    section.name = std::move(made.name);
+    section.known = made.known;
+    section.parse_mode = made.parse_mode;
+    if (!made.arguments.empty()) {
+        section.arguments = std::move(made.arguments);
+    }
+}
+
+void put_entry(Section& section, SectionEntry made) {
+    if (SectionEntry* const entry = section.find_entry(made.key)) {
+        entry->key = std::move(made.key);
+        entry->value = std::move(made.value);
+        entry->known = made.known;
+    } else {
+        section.entries.push_back(std::move(made));
+    }
+}
+
+// A section that is added is made from the name that was looked for: where an alias stands for another one, that goes
+// one step further.
+Section made_once_more(const AIPEditor& editor, Section made) {
+    return editor.make_section(std::move(made.name), std::move(made.arguments));
+}
+
+}  // namespace
 
 Section& AIPEditor::upsert_section(std::string name, std::vector<std::string> arguments) {
     Section made = make_section(std::move(name), std::move(arguments));
-    Section* const section = data_.find_section(made.name);
-    if (section == nullptr) {
-        // Made from the name that was looked for: where an alias stands for another one, that goes one step further.
-        data_.sections.push_back(make_section(std::move(made.name), std::move(made.arguments)));
-        return data_.sections.back();
+    if (Section* const section = data_.find_section(made.name)) {
+        refresh(*section, std::move(made));
+        return *section;
     }
-    section->name = std::move(made.name);
-    section->known = made.known;
-    section->parse_mode = made.parse_mode;
-    if (!made.arguments.empty()) {
-        section->arguments = std::move(made.arguments);
-    }
-    return *section;
+    data_.sections.push_back(made_once_more(*this, std::move(made)));
+    return data_.sections.back();
 }
 
 bool AIPEditor::remove_section(std::string_view name) {
@@ -32,17 +54,21 @@ bool AIPEditor::remove_section(std::string_view name) {
                            [&](const Section& section) { return schema_.canonical_section(section.name) == wanted; });
 }
 
+// The document changes only when nothing can fail any more: a section without its entry would be half an edit.
 void AIPEditor::set_section_entry(std::string_view section, std::string key, std::string value) {
-    Section& target = upsert_section(std::string(section), {});
-    const SectionSpec* const spec = queries::find_section(schema_.tables(), target.name);
-    SectionEntry made = records::make_entry(spec, key, value);
-    if (SectionEntry* const entry = target.find_entry(made.key)) {
-        entry->key = std::move(made.key);
-        entry->value = std::move(made.value);
-        entry->known = made.known;
-    } else {
-        target.entries.push_back(std::move(made));
+    Section made = make_section(std::string(section), {});
+    Section* const target = data_.find_section(made.name);
+    if (target == nullptr) {
+        made = made_once_more(*this, std::move(made));
     }
+    SectionEntry entry = records::make_entry(queries::find_section(schema_.tables(), made.name), key, value);
+    if (target != nullptr) {
+        put_entry(*target, std::move(entry));
+        refresh(*target, std::move(made));
+        return;
+    }
+    made.entries.push_back(std::move(entry));
+    data_.sections.push_back(std::move(made));
 }
 
 bool AIPEditor::remove_section_entry(std::string_view section, std::string_view key) {

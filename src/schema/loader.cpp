@@ -68,6 +68,7 @@ std::vector<std::string> read_string_list(const YAML::Node& node) {
 std::optional<double> read_stream_double(const std::string& text) {
     std::istringstream stream(text);
     stream.imbue(std::locale::classic());
+    stream.exceptions(std::ios::badbit);  // else a failed allocation would pass for text that is no number
     double value = 0.0;
     if ((stream >> std::noskipws >> value) && (stream >> std::ws).eof()) {
         return value;

@@ -27,7 +27,7 @@ struct OverlayResult {
 // Names are stored as the schema spells them, values trimmed, `known` flags brought up to date; what is updated keeps
 // its place, its location and every field not named, what is added goes to the end of its list and has no location.
 // Unknown names are no error. Arguments may refer to the editor's own document. Operations throw nothing but
-// std::bad_alloc (and what `write_file` names); an append that fails leaves its list as it was.
+// std::bad_alloc (and what `write_file` names); an edit that fails leaves the document as it was, unless it says else.
 //
 // Setters find the record to update by its stored name (`AIPData::find_directive` and its like); removers compare
 // what the schema makes of both names, and so also catch records stored under an alias.
