@@ -32,6 +32,9 @@ cmake --build --preset sanitize
 step "clang++: tests under the sanitizers"
 ctest --preset sanitize -j2
 
+step "clang++: threads under the thread sanitizer"
+scripts/check_threads.sh
+
 step "the fuzzers, for a short time each"
 scripts/fuzz.sh 20
 
