@@ -2,12 +2,17 @@
 //
 // Nodes are taken as const throughout: subscripting a node that is not const would add the key to it.
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstddef>
 #include <filesystem>
+#include <iterator>
 #include <locale>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -34,28 +39,53 @@ std::string read_key(const YAML::Node& scalar) {
     return normalize_key(scalar.Scalar());
 }
 
-// The scalar under `name`, normalised, unless there is none.
-void read_word(const YAML::Node& body, const char* name, std::string& word) {
-    const YAML::Node node = body[name];
-    if (is_scalar(node)) {
-        word = read_key(node);
+using Value = std::optional<YAML::Node>;
+
+// What stands in a body under some names, found in one pass; no value where there is none or the body is no mapping.
+// Subscripting would walk the mapping for each name, and make a text for each that is missing.
+template <std::size_t Count>
+std::array<Value, Count> values_under(const YAML::Node& body, const std::string_view (&names)[Count]) {
+    std::array<Value, Count> values;
+    if (!is_map(body)) {
+        return values;
+    }
+    for (const auto& pair : body) {
+        const auto* const name = is_scalar(pair.first)
+                                     ? std::find(std::begin(names), std::end(names), pair.first.Scalar())
+                                     : std::end(names);
+        if (name == std::end(names)) {
+            continue;
+        }
+        if (Value& value = values[static_cast<std::size_t>(name - std::begin(names))]; !value) {
+            value.emplace(pair.second);
+        }
+    }
+    return values;
+}
+
+// The scalar, normalised, unless there is none.
+void read_word(const Value& value, std::string& word) {
+    if (value && is_scalar(*value)) {
+        word = read_key(*value);
     }
 }
 
 // A scalar that is no YAML boolean makes the load fail.
-void read_flag(const YAML::Node& body, const char* name, bool& flag) {
-    const YAML::Node node = body[name];
-    if (is_scalar(node)) {
-        flag = node.as<bool>();
+void read_flag(const Value& value, bool& flag) {
+    if (value && is_scalar(*value)) {
+        flag = value->as<bool>();
     }
 }
 
-std::vector<std::string> read_string_list(const YAML::Node& node) {
+std::vector<std::string> read_string_list(const Value& value) {
     std::vector<std::string> list;
-    if (is_scalar(node)) {
-        list.push_back(read_key(node));
-    } else if (node.IsDefined() && node.IsSequence()) {
-        for (const YAML::Node& item : node) {
+    if (!value) {
+        return list;
+    }
+    if (is_scalar(*value)) {
+        list.push_back(read_key(*value));
+    } else if (value->IsSequence()) {
+        for (const YAML::Node& item : *value) {
             if (is_scalar(item)) {
                 list.push_back(read_key(item));
             }
@@ -76,9 +106,22 @@ std::optional<double> read_stream_double(const std::string& text) {
     return std::nullopt;
 }
 
-std::optional<double> read_optional_double(const YAML::Node& node) {
-    if (!is_scalar(node)) {
+// The same for plain decimals, which most bounds are, without a stream.
+std::optional<double> read_plain_double(const std::string& text) {
+    double value = 0.0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value, std::chars_format::fixed);
+    const bool is_plain = text.find_first_not_of("-.0123456789") == std::string::npos;
+    return is_plain && error == std::errc() && stop == end ? std::optional(value) : std::nullopt;
+}
+
+std::optional<double> read_bound(const Value& bound) {
+    if (!bound || !is_scalar(*bound)) {
         return std::nullopt;
+    }
+    const YAML::Node& node = *bound;
+    if (const std::optional<double> value = read_plain_double(node.Scalar())) {
+        return value;
     }
     if (const std::optional<double> value = read_stream_double(node.Scalar())) {
         return value;
@@ -90,34 +133,20 @@ std::optional<double> read_optional_double(const YAML::Node& node) {
     return std::nullopt;
 }
 
-void add_aliases(Aliases& aliases, const std::string& canonical, const YAML::Node& body) {
+void add_aliases(Aliases& aliases, const std::string& canonical, const Value& list) {
     aliases[canonical] = canonical;
-    for (const std::string& alias : read_string_list(body["aliases"])) {
+    for (const std::string& alias : read_string_list(list)) {
         aliases[alias] = canonical;
     }
 }
 
-ValueSpec read_value_spec(const std::string& name, const YAML::Node& node) {
-    ValueSpec spec;
-    spec.name = name;
-    if (is_map(node)) {
-        read_word(node, "value_type", spec.value_type);
-        spec.allowed = read_string_list(node["allowed"]);
-        spec.min = read_optional_double(node["min"]);
-        spec.max = read_optional_double(node["max"]);
-        read_flag(node, "required", spec.required);
-    }
-    return spec;
-}
-
-// Calls `read(name, body)` for each pair of the mapping `parent[key]`, in document order; for nothing if it is none.
+// Calls `read(name, body)` for each pair of the mapping, in document order; for nothing if it is none.
 template <class Read>
-void for_each_named(const YAML::Node& parent, const char* key, Read read) {
-    const YAML::Node mapping = parent[key];
-    if (!is_map(mapping)) {
+void for_each_named(const Value& mapping, Read read) {
+    if (!mapping || !is_map(*mapping)) {
         return;
     }
-    for (const auto& pair : mapping) {
+    for (const auto& pair : *mapping) {
         if (is_scalar(pair.first)) {
             const YAML::Node& body = pair.second;
             read(read_key(pair.first), body);
@@ -125,30 +154,55 @@ void for_each_named(const YAML::Node& parent, const char* key, Read read) {
     }
 }
 
-void read_values(const YAML::Node& parent, const char* key, StringMap<ValueSpec>& values, Aliases& aliases) {
-    for_each_named(parent, key, [&](const std::string& name, const YAML::Node& body) {
-        values[name] = read_value_spec(name, body);
-        add_aliases(aliases, name, body);
+// The same for bodies that may have aliases: a scalar makes the load fail, by a subscript that it does not have.
+template <class Read>
+void for_each_body(const Value& mapping, Read read) {
+    for_each_named(mapping, [&](const std::string& name, const YAML::Node& body) {
+        if (is_scalar(body)) {
+            static_cast<void>(body["aliases"]);
+        }
+        read(name, body);
     });
 }
 
-MethodSpec read_method_spec(const std::string& name, const YAML::Node& body) {
-    MethodSpec spec;
-    spec.name = name;
-    if (is_map(body)) {
-        read_word(body, "category", spec.category);
-    }
-    return spec;
+void read_values(const Value& mapping, StringMap<ValueSpec>& values, Aliases& aliases) {
+    for_each_body(mapping, [&](const std::string& name, const YAML::Node& body) {
+        const auto [value_type, allowed, min, max, required, alias_list] =
+            values_under(body, {"value_type", "allowed", "min", "max", "required", "aliases"});
+        ValueSpec spec;
+        spec.name = name;
+        read_word(value_type, spec.value_type);
+        spec.allowed = read_string_list(allowed);
+        spec.min = read_bound(min);
+        spec.max = read_bound(max);
+        read_flag(required, spec.required);
+        values[name] = std::move(spec);
+        add_aliases(aliases, name, alias_list);
+    });
 }
 
-MethodPrefixSpec read_prefix_spec(const std::string& prefix, const YAML::Node& body) {
-    MethodPrefixSpec spec;
-    spec.prefix = prefix;
-    if (is_map(body)) {
-        read_word(body, "category", spec.category);
-        read_word(body, "applies_to_category", spec.applies_to_category);
-    }
-    return spec;
+void read_method_tokens(const Value& mapping, InputSchema::Impl& tables) {
+    for_each_body(mapping, [&](const std::string& name, const YAML::Node& body) {
+        const auto [category, alias_list] = values_under(body, {"category", "aliases"});
+        MethodSpec spec;
+        spec.name = name;
+        read_word(category, spec.category);
+        tables.method_tokens[name] = std::move(spec);
+        add_aliases(tables.method_token_aliases, name, alias_list);
+    });
+}
+
+void read_method_prefixes(const Value& mapping, InputSchema::Impl& tables) {
+    for_each_named(mapping, [&](const std::string& prefix, const YAML::Node& body) {
+        const auto [category, applies_to] = values_under(body, {"category", "applies_to_category"});
+        MethodPrefixSpec spec;
+        spec.prefix = prefix;
+        read_word(category, spec.category);
+        read_word(applies_to, spec.applies_to_category);
+        tables.method_prefixes.push_back(std::move(spec));
+    });
+    std::stable_sort(tables.method_prefixes.begin(), tables.method_prefixes.end(),
+                     [](const auto& a, const auto& b) { return a.prefix.size() > b.prefix.size(); });
 }
 
 SectionParseMode parse_mode_named(const std::string& word) {
@@ -161,36 +215,34 @@ SectionParseMode parse_mode_named(const std::string& word) {
     return SectionParseMode::raw;
 }
 
-SectionSpec read_section_spec(const std::string& name, const YAML::Node& body) {
-    SectionSpec spec;
-    spec.name = name;
-    if (is_map(body)) {
+void read_sections(const Value& mapping, InputSchema::Impl& tables) {
+    for_each_body(mapping, [&](const std::string& name, const YAML::Node& body) {
+        const auto [parse_mode, required, allow_multiple, entries, alias_list] =
+            values_under(body, {"parse_mode", "required", "allow_multiple", "entries", "aliases"});
+        SectionSpec spec;
+        spec.name = name;
         std::string mode;
-        read_word(body, "parse_mode", mode);
+        read_word(parse_mode, mode);
         spec.parse_mode = parse_mode_named(mode);
-        read_flag(body, "required", spec.required);
-        read_flag(body, "allow_multiple", spec.allow_multiple);
-        read_values(body, "entries", spec.entries, spec.entry_aliases);
-    }
-    return spec;
+        read_flag(required, spec.required);
+        read_flag(allow_multiple, spec.allow_multiple);
+        read_values(entries, spec.entries, spec.entry_aliases);
+        tables.sections[name] = std::move(spec);
+        add_aliases(tables.section_aliases, name, alias_list);
+    });
 }
 
 std::shared_ptr<const InputSchema::Impl> build_schema(const YAML::Node& root) {
     auto tables = std::make_shared<InputSchema::Impl>();
-    read_values(root, "directives", tables->directives, tables->directive_aliases);
-    for_each_named(root, "method_tokens", [&](const std::string& name, const YAML::Node& body) {
-        tables->method_tokens[name] = read_method_spec(name, body);
-        add_aliases(tables->method_token_aliases, name, body);
-    });
-    for_each_named(root, "method_prefixes", [&](const std::string& prefix, const YAML::Node& body) {
-        tables->method_prefixes.push_back(read_prefix_spec(prefix, body));
-    });
-    std::stable_sort(tables->method_prefixes.begin(), tables->method_prefixes.end(),
-                     [](const auto& a, const auto& b) { return a.prefix.size() > b.prefix.size(); });
-    for_each_named(root, "sections", [&](const std::string& name, const YAML::Node& body) {
-        tables->sections[name] = read_section_spec(name, body);
-        add_aliases(tables->section_aliases, name, body);
-    });
+    if (is_scalar(root)) {
+        static_cast<void>(root["directives"]);
+    }
+    const auto [directives, tokens, prefixes, sections] =
+        values_under(root, {"directives", "method_tokens", "method_prefixes", "sections"});
+    read_values(directives, tables->directives, tables->directive_aliases);
+    read_method_tokens(tokens, *tables);
+    read_method_prefixes(prefixes, *tables);
+    read_sections(sections, *tables);
     return tables;
 }
 
