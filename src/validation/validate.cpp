@@ -39,6 +39,9 @@ private:
     void add(ValidationIssue issue) { found_.push_back(std::move(issue)); }
 
     void add_all(std::vector<ValidationIssue> issues) {
+        if (issues.empty()) {
+            return;
+        }
         found_.insert(found_.end(), std::make_move_iterator(issues.begin()), std::make_move_iterator(issues.end()));
     }
 

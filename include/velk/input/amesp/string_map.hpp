@@ -3,13 +3,16 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <list>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <tuple>
 #include <utility>
+#include <vector>
 
 namespace velk::input::amesp {
 
@@ -27,12 +30,13 @@ public:
 
     StringMap() = default;
     StringMap(std::initializer_list<value_type> items) {
+        make_room(items.size());
         for (const value_type& item : items) {
             emplace(item.first, item.second);
         }
     }
     StringMap(const StringMap& other) {
-        index_.reserve(other.size());
+        make_room(other.size());
         for (const value_type& item : other) {
             emplace(item.first, item.second);
         }
@@ -46,7 +50,7 @@ public:
 
     void swap(StringMap& other) noexcept {
         items_.swap(other.items_);
-        index_.swap(other.index_);
+        slots_.swap(other.slots_);
     }
 
     iterator begin() noexcept { return items_.begin(); }
@@ -60,15 +64,15 @@ public:
     size_type size() const noexcept { return items_.size(); }
 
     iterator find(std::string_view key) {
-        const auto found = index_.find(key);
-        return found == index_.end() ? end() : found->second;
+        const Slot* const slot = find_slot(key);
+        return slot == nullptr ? end() : slot->item;
     }
     const_iterator find(std::string_view key) const {
-        const auto found = index_.find(key);
-        return found == index_.end() ? end() : const_iterator(found->second);
+        const Slot* const slot = find_slot(key);
+        return slot == nullptr ? end() : const_iterator(slot->item);
     }
-    bool contains(std::string_view key) const { return index_.contains(key); }
-    size_type count(std::string_view key) const { return index_.count(key); }
+    bool contains(std::string_view key) const { return find_slot(key) != nullptr; }
+    size_type count(std::string_view key) const { return contains(key) ? 1 : 0; }
 
     // Throws std::out_of_range when the key is not there.
     T& at(std::string_view key) { return at_in(*this, key); }
@@ -83,10 +87,11 @@ public:
         if (const auto found = find(key); found != end()) {
             return {found, false};
         }
+        make_room(size() + 1);
         std::list<value_type> added;
         added.emplace_back(std::piecewise_construct, std::forward_as_tuple(key),
                            std::forward_as_tuple(std::forward<Arguments>(arguments)...));
-        index_.emplace(added.front().first, added.begin());
+        fill_slot(hash(added.front().first), added.begin());
         items_.splice(items_.end(), added);
         return {std::prev(items_.end()), true};
     }
@@ -104,7 +109,7 @@ public:
     std::pair<iterator, bool> insert(const value_type& item) { return emplace(item.first, item.second); }
 
     void clear() noexcept {
-        index_.clear();
+        slots_.clear();
         items_.clear();
     }
 
@@ -117,6 +122,81 @@ public:
     }
 
 private:
+    // Where a key is. A hash of zero marks a free slot.
+    struct Slot {
+        std::uint64_t hash = 0;
+        iterator item;
+    };
+
+    // Eight bytes at a time; the last ones may be read twice. Names are short: this is most of what a look-up costs.
+    static std::uint64_t hash(std::string_view key) noexcept {
+        constexpr std::size_t word = sizeof(std::uint64_t);
+        std::uint64_t mixed = key.size();
+        const char* place = key.data();
+        for (std::size_t left = key.size(); left > 0;) {
+            const std::size_t step = std::min(left, word);
+            std::uint64_t bytes = 0;
+            if (key.size() >= word) {
+                std::memcpy(&bytes, place + step - word, word);
+            } else {
+                for (std::size_t i = 0; i < step; ++i) {
+                    bytes = bytes << 8U | static_cast<unsigned char>(place[i]);
+                }
+            }
+            mixed = (mixed ^ bytes) * 0x9e3779b97f4a7c15U;
+            mixed ^= mixed >> 32U;
+            place += step;
+            left -= step;
+        }
+        return mixed | 1U;
+    }
+
+    const Slot* find_slot(std::string_view key) const {
+        if (slots_.empty()) {
+            return nullptr;
+        }
+        const std::uint64_t wanted = hash(key);
+        for (std::size_t place = first_place(wanted);; place = next_place(place)) {
+            const Slot& slot = slots_[place];
+            if (slot.hash == 0) {
+                return nullptr;
+            }
+            if (slot.hash == wanted && slot.item->first == key) {
+                return &slot;
+            }
+        }
+    }
+
+    // The lowest bit is always set: it says nothing of the key.
+    std::size_t first_place(std::uint64_t hash) const noexcept { return hash >> 1U & (slots_.size() - 1); }
+    std::size_t next_place(std::size_t place) const noexcept { return (place + 1) & (slots_.size() - 1); }
+
+    // So many slots, a power of two, that half of them stay free.
+    void make_room(size_type count) {
+        if (2 * count <= slots_.size()) {
+            return;
+        }
+        std::size_t wanted = std::max<std::size_t>(2 * slots_.size(), 8);
+        while (wanted < 2 * count) {
+            wanted *= 2;
+        }
+        std::vector<Slot> old(wanted);
+        old.swap(slots_);
+        for (const Slot& slot : old) {
+            if (slot.hash != 0) {
+                fill_slot(slot.hash, slot.item);
+            }
+        }
+    }
+
+    void fill_slot(std::uint64_t hash, iterator item) noexcept {
+        std::size_t place = first_place(hash);
+        while (slots_[place].hash != 0) {
+            place = next_place(place);
+        }
+        slots_[place] = {hash, item};
+    }
+
     template <class Map>
     static auto& at_in(Map& map, std::string_view key) {
         const auto found = map.find(key);
@@ -127,7 +207,7 @@ private:
     }
 
     std::list<value_type> items_;
-    std::unordered_map<std::string_view, iterator> index_;  // views of the keys in items_
+    std::vector<Slot> slots_;  // open addressing; nothing is ever taken out but all at once
 };
 
 }  // namespace velk::input::amesp
