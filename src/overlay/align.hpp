@@ -15,16 +15,17 @@ inline constexpr std::size_t no_partner = static_cast<std::size_t>(-1);
 // Pairs of (old index, new index), ascending in both. Elements with the same key are paired first: those at both ends,
 // then those whose key occurs once on either side, as far as their order agrees. What lies between two such pairs is
 // paired from its end as long as the keys agree, then by position. Time is that of sorting the elements that differ.
-// `old_key` and `new_key` give a key as a string.
-template <class OldKey, class NewKey>
+// `old_key` and `new_key` give a key as a string; `same` says of an old and a new element whether their keys are equal.
+template <class OldKey, class NewKey, class Same>
 class Aligner {
 public:
-    Aligner(std::size_t old_size, std::size_t new_size, OldKey old_key, NewKey new_key)
+    Aligner(std::size_t old_size, std::size_t new_size, OldKey old_key, NewKey new_key, Same same)
         : partners_(new_size, no_partner),
           old_stop_(old_size),
           new_stop_(new_size),
           old_key_(old_key),
-          new_key_(new_key) {}
+          new_key_(new_key),
+          same_(same) {}
 
     // For every new element the old one it goes on with, or `no_partner`.
     std::vector<std::size_t> run() {
@@ -44,14 +45,12 @@ public:
 private:
     using Pair = std::pair<std::size_t, std::size_t>;
 
-    bool same(std::size_t old_index, std::size_t new_index) const { return old_key_(old_index) == new_key_(new_index); }
-
     void take_common_ends() {
-        while (begin_ < old_stop_ && begin_ < new_stop_ && same(begin_, begin_)) {
+        while (begin_ < old_stop_ && begin_ < new_stop_ && same_(begin_, begin_)) {
             partners_[begin_] = begin_;
             ++begin_;
         }
-        while (begin_ < old_stop_ && begin_ < new_stop_ && same(old_stop_ - 1, new_stop_ - 1)) {
+        while (begin_ < old_stop_ && begin_ < new_stop_ && same_(old_stop_ - 1, new_stop_ - 1)) {
             --old_stop_;
             --new_stop_;
             partners_[new_stop_] = old_stop_;
@@ -92,7 +91,7 @@ private:
             while (old_at != old_keys.end() && old_at->first < hash) {
                 ++old_at;
             }
-            if (old_at != old_keys.end() && old_at->first == hash && same(old_at->second, index)) {
+            if (old_at != old_keys.end() && old_at->first == hash && same_(old_at->second, index)) {
                 pairs.emplace_back(old_at->second, index);
             }
         }
@@ -125,7 +124,7 @@ private:
     }
 
     void pair_gap(std::size_t old_begin, std::size_t old_end, std::size_t new_begin, std::size_t new_end) {
-        while (old_begin < old_end && new_begin < new_end && same(old_end - 1, new_end - 1)) {
+        while (old_begin < old_end && new_begin < new_end && same_(old_end - 1, new_end - 1)) {
             partners_[--new_end] = --old_end;
         }
         while (old_begin < old_end && new_begin < new_end) {
@@ -139,6 +138,7 @@ private:
     std::size_t new_stop_;
     OldKey old_key_;
     NewKey new_key_;
+    Same same_;
 };
 
 }  // namespace velk::input::amesp

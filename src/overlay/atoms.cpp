@@ -11,6 +11,7 @@
 
 #include "model/numbers.hpp"
 #include "overlay/align.hpp"
+#include "overlay/moved.hpp"
 #include "overlay/overlay.hpp"
 #include "overlay/partners.hpp"
 #include "overlay/words.hpp"
@@ -90,7 +91,11 @@ std::string changed_line(std::string_view line, const AtomRecord& before, const 
 class Atoms {
 public:
     Atoms(Overlay& overlay, const SectionChange& change)
-        : overlay_(overlay), change_(change), before_(change.before.atoms), after_(change.after.atoms) {}
+        : overlay_(overlay),
+          change_(change),
+          before_(change.before.atoms),
+          after_(change.after.atoms),
+          taken_(before_.size(), false) {}
 
     void lay() {
         if (std::equal(before_.begin(), before_.end(), after_.begin(), after_.end(), same_atom)) {
@@ -98,7 +103,14 @@ public:
         }
         const auto old_key = [this](std::size_t i) { return key_of(before_[i]); };
         const auto new_key = [this](std::size_t i) { return key_of(after_[i]); };
-        partners_ = Aligner(before_.size(), after_.size(), old_key, new_key).run();
+        const auto same = [this](std::size_t old, std::size_t i) { return same_atom(before_[old], after_[i]); };
+        partners_ = Aligner(before_.size(), after_.size(), old_key, new_key, same).run();
+        sources_ = moved_from(before_.size(), partners_, old_key, new_key, same);
+        for (const std::size_t source : sources_) {
+            if (source != no_partner) {
+                taken_[source] = true;
+            }
+        }
         const std::vector<bool> removed = without_partner(before_.size(), partners_);
         for (std::size_t i = 0; i < removed.size(); ++i) {
             if (removed[i]) {
@@ -108,11 +120,11 @@ public:
         slot_ = first_slot();
         for (std::size_t i = 0; i < after_.size(); ++i) {
             if (partners_[i] == no_partner) {
-                add(after_[i]);
+                add(i);
             } else {
                 neighbour_ = partners_[i];
                 slot_ = line_of(before_[neighbour_]) + 1;
-                change(before_[partners_[i]], after_[i]);
+                change(i);
             }
         }
     }
@@ -141,27 +153,36 @@ private:
         if (before_.empty()) {
             return "  ";
         }
-        const std::string_view line = overlay_.lines.raw(line_of(before_[neighbour_]));
+        const std::string_view line = old_line(neighbour_);
         return line.substr(0, offset_in(line, core::text::trim_view(line)));
     }
 
-    void add(const AtomRecord& atom) {
-        std::string line = atom_line(atom, indent());
+    std::string_view old_line(std::size_t old) const { return overlay_.lines.raw(line_of(before_[old])); }
+
+    // An atom that only stands elsewhere takes its line along.
+    std::string new_line(std::size_t i) const {
+        return sources_[i] == no_partner ? atom_line(after_[i], indent()) : std::string(old_line(sources_[i]));
+    }
+
+    void add(std::size_t i) {
+        std::string line = new_line(i);
         if (line.empty()) {
-            return cannot_write(atom);
+            return cannot_write(after_[i]);
         }
         overlay_.patch.insert(slot_, InsertOrder::body, std::move(line));
     }
 
-    void change(const AtomRecord& before, const AtomRecord& after) {
-        if (same_atom(before, after)) {
+    void change(std::size_t i) {
+        const std::size_t old = partners_[i];
+        if (same_atom(before_[old], after_[i])) {
             return;
         }
-        std::string line = changed_line(overlay_.lines.raw(line_of(before)), before, after);
+        const bool anew = sources_[i] != no_partner || taken_[old];
+        std::string line = anew ? new_line(i) : changed_line(old_line(old), before_[old], after_[i]);
         if (line.empty()) {
-            return cannot_write(after);
+            return cannot_write(after_[i]);
         }
-        overlay_.patch.replace(line_of(before), std::move(line));
+        overlay_.patch.replace(line_of(before_[old]), std::move(line));
     }
 
     Overlay& overlay_;
@@ -169,6 +190,8 @@ private:
     const std::vector<AtomRecord>& before_;
     const std::vector<AtomRecord>& after_;
     std::vector<std::size_t> partners_;
+    std::vector<std::size_t> sources_;  // for every new atom the old one whose line moves to it
+    std::vector<bool> taken_;           // the old atoms whose lines move
     std::size_t slot_ = 0;
     std::size_t neighbour_ = 0;  // the old atom whose indentation a new one takes
 };

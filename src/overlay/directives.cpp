@@ -80,6 +80,7 @@ void lay_directives(Overlay& overlay, const AIPData& before, const AIPData& afte
             overlay.patch.drop(line_of(before.directives[i]));
         }
     }
+    NextPartner next_partner(*partner);
     for (std::size_t i = 0; i < after.directives.size(); ++i) {
         const Directive& wanted = after.directives[i];
         if ((*partner)[i] != no_partner) {
@@ -94,7 +95,7 @@ void lay_directives(Overlay& overlay, const AIPData& before, const AIPData& afte
             overlay.problems.cannot_write("Directive '" + wanted.name + "'", wanted.location);
             continue;
         }
-        const std::size_t next = next_partner(*partner, i);
+        const std::size_t next = next_partner.from(i);
         const std::size_t slot = next != no_partner          ? line_of(before.directives[next])
                                  : before.directives.empty() ? place_without_directives(overlay.lines)
                                                              : line_of(before.directives.back()) + 1;

@@ -65,8 +65,8 @@ std::string with_equals(std::string_view indent, std::string_view key, std::stri
     return line;
 }
 
-bool reads_as(const Overlay& overlay, std::string_view header, std::string_view line, const SectionEntry& wanted) {
-    const std::optional<Section> section = read_section(header, line, overlay.schema);
+bool reads_as(const Overlay& overlay, std::string_view opening, std::string_view line, const SectionEntry& wanted) {
+    const std::optional<Section> section = read_section(opening, line, overlay.schema);
     if (!section || section->entries.size() != 1 || !section->raw_lines.empty()) {
         return false;
     }
@@ -86,7 +86,7 @@ void change_line(Overlay& overlay, const SectionChange& change, const SectionEnt
     const std::string renamed = with_part(line, parts.key, after.key);
     for (std::string& text : std::array{with_value(line, value), with_equals(parts.indent, parts.key, value),
                                         with_value(renamed, value), with_equals(parts.indent, after.key, value)}) {
-        if (reads_as(overlay, change.header, text, after)) {
+        if (reads_as(overlay, change.opening, text, after)) {
             return overlay.patch.replace(line_of(before), text);
         }
     }
@@ -127,7 +127,7 @@ std::string separator_for(std::string_view key, const EntryStyle& style) {
 
 }  // namespace
 
-std::string entry_line(const Overlay& overlay, std::string_view header, const SectionEntry& entry,
+std::string entry_line(const Overlay& overlay, std::string_view opening, const SectionEntry& entry,
                        const EntryStyle& style) {
     const std::string_view key = trim_view(entry.key);
     const std::string_view value = trim_view(entry.value);
@@ -141,7 +141,7 @@ std::string entry_line(const Overlay& overlay, std::string_view header, const Se
         same_style += value;
     }
     for (std::string& line : std::array{same_style, with_equals(style.indent, key, value)}) {
-        if (reads_as(overlay, header, line, entry)) {
+        if (reads_as(overlay, opening, line, entry)) {
             return line;
         }
     }
@@ -164,6 +164,7 @@ void lay_entries(Overlay& overlay, const SectionChange& change) {
         }
     }
     std::optional<EntryStyle> style;
+    NextPartner next_partner(*partner);
     for (std::size_t i = 0; i < after.size(); ++i) {
         if ((*partner)[i] != no_partner) {
             const SectionEntry& old = before[(*partner)[i]];
@@ -175,12 +176,12 @@ void lay_entries(Overlay& overlay, const SectionChange& change) {
         if (!style) {
             style = style_of(overlay, before);
         }
-        std::string line = entry_line(overlay, change.header, after[i], *style);
+        std::string line = entry_line(overlay, change.opening, after[i], *style);
         if (line.empty()) {
             overlay.problems.cannot_write(name_of(change, after[i]), after[i].location);
             continue;
         }
-        const std::size_t next = next_partner(*partner, i);
+        const std::size_t next = next_partner.from(i);
         const std::size_t slot = next != no_partner ? line_of(before[next])
                                  : before.empty()   ? change.extent.stop
                                                     : line_of(before.back()) + 1;

@@ -46,13 +46,16 @@ public:
         }
         const auto old_key = [&](std::size_t i) -> const std::string& { return old_keys[i]; };
         const auto new_key = [&](std::size_t i) -> const std::string& { return new_keys[i]; };
-        partners_ = Aligner(old_keys.size(), new_keys.size(), old_key, new_key).run();
+        const auto same = [&](std::size_t old, std::size_t i) { return old_keys[old] == new_keys[i]; };
+        partners_ = Aligner(old_keys.size(), new_keys.size(), old_key, new_key, same).run();
         find_words();
         mark_removed();
+        NextPartner next_partner(partners_);
         for (std::size_t i = 0; i < new_keys.size(); ++i) {
             if (partners_[i] == no_partner || old_keys[partners_[i]] != new_keys[i]) {
-                place(i);
+                place(i, next_partner.from(i));
             }
+            previous_ = partners_[i] == no_partner ? previous_ : partners_[i];
         }
         write();
     }
@@ -110,7 +113,7 @@ private:
         return {};
     }
 
-    void place(std::size_t i) {
+    void place(std::size_t i, std::size_t next) {
         const MethodToken& token = after_.method_tokens[i];
         std::string text = spelling(token);
         if (text.empty()) {
@@ -118,22 +121,13 @@ private:
         }
         if (partners_[i] != no_partner) {
             change_of(partners_[i]).text = std::move(text);
-        } else if (const std::size_t previous = previous_partner(i); previous != no_partner) {
-            change_of(previous).after.push_back(std::move(text));
-        } else if (const std::size_t next = next_partner(partners_, i); next != no_partner) {
+        } else if (previous_ != no_partner) {
+            change_of(previous_).after.push_back(std::move(text));
+        } else if (next != no_partner) {
             change_of(next).before.push_back(std::move(text));
         } else {
             fresh_.push_back(std::move(text));
         }
-    }
-
-    std::size_t previous_partner(std::size_t i) const {
-        while (i > 0) {
-            if (partners_[--i] != no_partner) {
-                return partners_[i];
-            }
-        }
-        return no_partner;
     }
 
     void write() {
@@ -198,6 +192,7 @@ private:
     const AIPData& before_;
     const AIPData& after_;
     std::vector<std::size_t> partners_;
+    std::size_t previous_ = no_partner;  // of the tokens placed so far, the last that has one
     std::vector<MethodLine> lines_;
     std::vector<std::pair<std::size_t, std::size_t>> place_of_token_;  // line and word of every old token
     std::vector<std::string> fresh_;                                   // tokens of a document that had none

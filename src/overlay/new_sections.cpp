@@ -6,6 +6,7 @@
 
 #include "overlay/overlay.hpp"
 #include "overlay/read_back.hpp"
+#include "overlay/words.hpp"
 
 namespace velk::input::amesp::overlay {
 namespace {
@@ -39,7 +40,7 @@ void add_atoms(Overlay& overlay, const Section& section, SectionParseMode mode, 
 
 void add_entries(Overlay& overlay, const Section& section, Lines& lines) {
     for (const SectionEntry& entry : section.entries) {
-        std::string line = entry_line(overlay, lines.front(), entry, {});
+        std::string line = entry_line(overlay, opening_of(lines.front()), entry, {});
         if (line.empty()) {
             overlay.problems.cannot_write(in_section("Entry '" + entry.key + "'", section), entry.location);
         } else {
@@ -50,7 +51,7 @@ void add_entries(Overlay& overlay, const Section& section, Lines& lines) {
 
 void add_raw_lines(Overlay& overlay, const Section& section, Lines& lines) {
     for (const std::string& raw : section.raw_lines) {
-        if (std::optional<std::string> line = raw_line(overlay, lines.front(), raw)) {
+        if (std::optional<std::string> line = raw_line(overlay, opening_of(lines.front()), raw)) {
             lines.push_back(std::move(*line));
         } else {
             overlay.problems.cannot_write(in_section("A kept line", section), section.location);
@@ -60,9 +61,9 @@ void add_raw_lines(Overlay& overlay, const Section& section, Lines& lines) {
 
 }  // namespace
 
-std::optional<std::string> raw_line(const Overlay& overlay, std::string_view header, std::string_view raw) {
+std::optional<std::string> raw_line(const Overlay& overlay, std::string_view opening, std::string_view raw) {
     std::string line = raw.empty() ? std::string() : std::string(body_indent) + std::string(trim_view(raw));
-    const std::optional<Section> read = read_section(header, line + '\n', overlay.schema);
+    const std::optional<Section> read = read_section(opening, line + '\n', overlay.schema);
     if (!read || read->raw_lines != std::vector{line}) {
         return std::nullopt;
     }

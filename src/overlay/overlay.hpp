@@ -41,7 +41,7 @@ struct SectionChange {
     const Section& before;
     const Section& after;
     const SectionLines& extent;
-    std::string header;     // as the text shall hold it
+    std::string opening;    // the header up to the end of its name, as the text shall hold it
     SectionParseMode mode;  // of the section under that header
     bool replaced;
 };
@@ -59,14 +59,14 @@ struct EntryStyle {
     std::string_view separator = " ";
     std::size_t value_column = 0;  // 0: the separator is not padded
 };
-std::string entry_line(const Overlay& overlay, std::string_view header, const SectionEntry& entry,
+std::string entry_line(const Overlay& overlay, std::string_view opening, const SectionEntry& entry,
                        const EntryStyle& style);
 
 // The header line of a section; empty when none reads back as the section's name and arguments.
 std::string header_line(const Overlay& overlay, const Section& section);
 
 // A kept line as rendering would write it; nothing when it would not read back as one.
-std::optional<std::string> raw_line(const Overlay& overlay, std::string_view header, std::string_view raw);
+std::optional<std::string> raw_line(const Overlay& overlay, std::string_view opening, std::string_view raw);
 
 // All lines of a section that the text did not have; none when it cannot be written.
 std::vector<std::string> section_lines(Overlay& overlay, const Section& section);

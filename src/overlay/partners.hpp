@@ -1,6 +1,7 @@
 // Finds the records of an edited document again among those of the text, by their location.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <vector>
@@ -49,12 +50,23 @@ inline std::vector<bool> without_partner(std::size_t count, const std::vector<st
     return result;
 }
 
-// Of the first record at or behind `from` that has a partner: that partner.
-inline std::size_t next_partner(const std::vector<std::size_t>& partners_of_new, std::size_t from) {
-    while (from < partners_of_new.size() && partners_of_new[from] == no_partner) {
-        ++from;
+// Of the first record at or behind a place that has a partner: that partner. Places are asked for in ascending order,
+// which makes all questions together one walk.
+class NextPartner {
+public:
+    explicit NextPartner(const std::vector<std::size_t>& partners_of_new) : partners_(partners_of_new) {}
+
+    std::size_t from(std::size_t place) {
+        place_ = std::max(place_, place);
+        while (place_ < partners_.size() && partners_[place_] == no_partner) {
+            ++place_;
+        }
+        return place_ < partners_.size() ? partners_[place_] : no_partner;
     }
-    return from < partners_of_new.size() ? partners_of_new[from] : no_partner;
-}
+
+private:
+    const std::vector<std::size_t>& partners_;
+    std::size_t place_ = 0;
+};
 
 }  // namespace velk::input::amesp::overlay

@@ -9,6 +9,7 @@
 #include "overlay/overlay.hpp"
 #include "overlay/partners.hpp"
 #include "overlay/read_back.hpp"
+#include "overlay/words.hpp"
 #include "parser/line.hpp"
 
 namespace velk::input::amesp::overlay {
@@ -57,7 +58,7 @@ void drop_what_a_new_geometry_does_not_know(Overlay& overlay, const SectionChang
 
 void lay_raw_lines_of_new_geometry(Overlay& overlay, const SectionChange& change) {
     for (const std::string& raw : change.after.raw_lines) {
-        if (std::optional<std::string> line = raw_line(overlay, change.header, raw)) {
+        if (std::optional<std::string> line = raw_line(overlay, change.opening, raw)) {
             overlay.patch.insert(change.extent.stop, InsertOrder::body, std::move(*line));
         } else {
             overlay.problems.cannot_write("A kept line of section '>" + change.after.name + "'", std::nullopt);
@@ -70,7 +71,7 @@ void lay_section(Overlay& overlay, const Section& before, const Section& after) 
     const bool replaced = !after.location;
     const SectionParseMode mode = replaced ? overlay.schema.section_parse_mode(after.name) : before.parse_mode;
     SectionChange change{before, after, extent, {}, mode, replaced};
-    change.header = lay_header(overlay, change);
+    change.opening = opening_of(lay_header(overlay, change));
     if (replaced) {
         drop_what_a_new_geometry_does_not_know(overlay, change);
     }
@@ -118,13 +119,13 @@ void lay_sections(Overlay& overlay, const AIPData& before, const AIPData& after)
             drop_section(overlay, before.sections[i]);
         }
     }
+    NextPartner next_partner(*found);  // the place of a replaced geometry says nothing of the order
     for (std::size_t i = 0; i < after.sections.size(); ++i) {
         if (partner[i] != no_partner) {
             lay_section(overlay, before.sections[partner[i]], after.sections[i]);
             continue;
         }
-        // The place of a replaced geometry says nothing of the order.
-        const std::size_t next = next_partner(*found, i);
+        const std::size_t next = next_partner.from(i);
         add_section(overlay, after.sections[i],
                     next == no_partner ? overlay.lines.size() : line_of(before.sections[next]));
     }

@@ -20,6 +20,13 @@ inline std::vector<std::string_view> words_from(std::string_view line, std::size
     return words;
 }
 
+// A header line up to the end of its name: the arguments say nothing of the lines below it.
+inline std::string_view opening_of(std::string_view header) {
+    std::string_view rest = header.substr(header.find('>') + 1);
+    core::text::take_word(rest);
+    return header.substr(0, header.size() - rest.size());
+}
+
 // Where a view into `line` begins.
 inline std::size_t offset_in(std::string_view line, std::string_view part) {
     return static_cast<std::size_t>(part.data() - line.data());

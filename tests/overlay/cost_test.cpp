@@ -46,5 +46,33 @@ TEST(Cost, OfOneChangeIsThatOfAFewParses) {
     EXPECT_LT(laying, 3 * parsing);
 }
 
+constexpr auto small_text = "% maxcore 1\n! hf\n>scf a b\n  conv 1\nend\n";
+
+// The small text's document with as many new records of every kind.
+AIPEditor with_new_records(std::size_t count) {
+    AIPEditor editor(AIPParser::parse_string(small_text, overlay_schema(), {true, false}).data, overlay_schema());
+    AIPData data = editor.data();
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::string name = "n" + std::to_string(i);
+        data.directives.push_back({name, "1", false, {}});
+        data.method_tokens.push_back(editor.make_method_token(name));
+        data.sections[0].entries.push_back({name, "1", false, "", {}});
+        data.sections[0].arguments.push_back(name);
+        data.sections.push_back(editor.make_section(name, {}));
+    }
+    editor.set_data(std::move(data));
+    return editor;
+}
+
+// Sixteen times as much takes sixteen times as long, not 256 times; the bound leaves either side a factor of four.
+TEST(Cost, OfNewRecordsIsInProportionToTheirNumber) {
+    const AIPEditor few = with_new_records(1000);
+    const AIPEditor many = with_new_records(16000);
+    EXPECT_TRUE(many.render_over(small_text).problems.empty());
+    const double time_of_few = shortest_of_five([&] { few.render_over(small_text); });
+    const double time_of_many = shortest_of_five([&] { many.render_over(small_text); });
+    EXPECT_LT(time_of_many, 64 * time_of_few);
+}
+
 }  // namespace
 }  // namespace velk::test

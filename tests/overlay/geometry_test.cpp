@@ -50,7 +50,11 @@ TEST(Geometry, KeepsTheLinesOfAtomsThatDidNotChange) {
         {"one more in front", water, set({atom("He", 1, 2, 3), o, h1, h2}),
          top + "  He 1.0000000000 2.0000000000 3.0000000000\n" + o_line + h1_line + h2_line + bottom},
         {"the first at the end", water, set({h1, h2, o}),
-         top + "\n" + h1_line + h2_line + "\tO 0.0000000000 0.0000000000 0.1173000000\n" + bottom},
+         top + "\n" + h1_line + h2_line + "  O   0.0  0.0  0.1173   the apex\n" + bottom},
+        {"two that change places", water, set({o, h2, h1}), top + o_line + h2_line + h1_line + bottom},
+        {"another order, and one that is new", water, set({h2, atom("He", 1, 2, 3), o}),
+         top + "\n" + h2_line + "\tHe 1.0000000000 2.0000000000 3.0000000000\n" +
+             "  O   0.0  0.0  0.1173   the apex\n" + bottom},
         {"none left", water, set({}), top + "\n" + bottom},
     });
 }
