@@ -73,6 +73,7 @@ private:
     void read(std::uint64_t number, std::string_view text) {
         if (open_ && is_marker(text) && !is_meant(number, text)) {
             swallowed_ = true;
+            unsure_ = unsure_ || reads_well_[number];
         } else if (open_ && is_marker(text)) {
             missing_.push_back(*open_);
             open_.reset();
@@ -84,6 +85,7 @@ private:
         } else if (!open_ && is_header(text)) {
             open_ = MissingEnd{number, number};
             swallowed_ = false;
+            unsure_ = false;
         }
     }
 
@@ -98,7 +100,7 @@ private:
             return false;
         }
         return fixes_ == Fixes::all ||
-               (schema_.is_known_section(name_in(trim_view(lines_.line(open_->header)))) && is_known(text));
+               (!unsure_ && schema_.is_known_section(name_in(trim_view(lines_.line(open_->header)))) && is_known(text));
     }
 
     bool is_known(std::string_view text) const {
@@ -120,6 +122,7 @@ private:
     std::vector<MissingEnd> missing_;
     std::optional<MissingEnd> open_;
     bool swallowed_ = false;  // the open section holds a line that may not be its own
+    bool unsure_ = false;     // and that may have been meant to stand behind it
 };
 
 // What stands between the end of a line and the beginning of the next one; nothing behind a last line without one.
@@ -127,6 +130,15 @@ std::string_view line_end_after(std::string_view text, std::string_view line) {
     const std::size_t end = static_cast<std::size_t>(line.data() - text.data()) + line.size();
     const std::size_t feed = text.find('\n', end);
     return feed == std::string_view::npos ? std::string_view() : text.substr(end, feed + 1 - end);
+}
+
+// What ends a last line that has no line end: the same as the line before it, if there is one.
+std::string_view line_end_before(std::string_view text, std::string_view line) {
+    if (line.ends_with('\r')) {
+        return "\r\n";
+    }
+    const std::string_view before = text.substr(0, static_cast<std::size_t>(line.data() - text.data()));
+    return before.ends_with("\r\n") ? "\r\n" : "\n";
 }
 
 }  // namespace
@@ -142,11 +154,12 @@ std::string with_missing_ends(std::string_view text, const InputSchema& schema, 
         const std::string_view line_end = line_end_after(text, closing);
         const std::size_t stop =
             static_cast<std::size_t>(closing.data() - text.data()) + closing.size() + line_end.size();
+        const std::string_view wanted = line_end.empty() ? line_end_before(text, closing) : line_end;
         result += text.substr(copied, stop - copied);
-        result += line_end.empty() ? "\n" : "";
+        result += !line_end.empty() ? std::string_view() : closing.ends_with('\r') ? std::string_view("\n") : wanted;
         result += opening.substr(0, opening.find('>'));
         result += "end";
-        result += line_end.empty() ? "\n" : line_end;
+        result += wanted;
         copied = stop;
     }
     result += text.substr(copied);

@@ -77,12 +77,20 @@ INSTANTIATE_TEST_SUITE_P(
                 ">xyz 0 1\n  He 0 0 0\nend\n! hf sto-3g\n"),
         certain("EveryEnd", ">scf\n>opt\n>xyz 0 1\n", ">scf\nend\n>opt\nend\n>xyz 0 1\nend\n"),
         certain("EndWithMixedLineEnds", ">scf\r\n  conv 1\n>xyz 0 1\r\n  He 0 0 0",
-                ">scf\r\n  conv 1\nend\n>xyz 0 1\r\n  He 0 0 0\nend\n"),
+                ">scf\r\n  conv 1\nend\n>xyz 0 1\r\n  He 0 0 0\r\nend\r\n"),
+        certain("LastEndWithoutLineEndButCrLfBefore", "! hf\r\n>scf", "! hf\r\n>scf\r\nend\r\n"),
+        certain("LastEndBehindHalfALineEnd", "! hf\n>scf\r", "! hf\n>scf\r\nend\r\n"),
         // Not certain: who knows what an unknown section may hold, or what an unknown name is.
         only_all("EndOfAnUnknownSection", ">odd\n  a b\n>xyz 0 1\n  He 0 0 0\nend\n",
                  ">odd\n  a b\nend\n>xyz 0 1\n  He 0 0 0\nend\n"),
         only_all("EndBeforeAnUnknownSection", ">scf\n  conv 1e-6\n>odd\n  He 0 0 0\nend\n",
                  ">scf\n  conv 1e-6\nend\n>odd\n  He 0 0 0\nend\n"),
+        only_all("EndBeforeAnUnknownAndAKnownSection", ">scf\n  conv 1\n>odd\n  a\n>xyz 0 1\n  He 0 0 0\nend\n",
+                 ">scf\n  conv 1\nend\n>odd\n  a\nend\n>xyz 0 1\n  He 0 0 0\nend\n"),
+        only_all("EndBeforeAnUnknownDirectiveAndASection", ">scf\n  conv 1\n%odd 5\n>xyz 0 1\n  He 0 0 0\nend\n",
+                 ">scf\n  conv 1\nend\n%odd 5\n>xyz 0 1\n  He 0 0 0\nend\n"),
+        certain("EndBehindAnUnknownDirectiveAmongEntries", ">scf\n%odd 5\n  conv 1\n>xyz 0 1\n  He 0 0 0\nend\n",
+                ">scf\n%odd 5\n  conv 1\nend\n>xyz 0 1\n  He 0 0 0\nend\n"),
         only_all("EndBeforeAnUnknownDirective", ">scf\n  conv 1e-6\n%odd 1\n", ">scf\n  conv 1e-6\nend\n%odd 1\n"),
         // Left alone: an 'end' there would leave the lines that follow outside of every section.
         same("DirectiveBetweenEntries", ">scf\n  maxcyc 50\n%mem 5\n  conv 1e-6\nend\n"),
@@ -96,7 +104,14 @@ INSTANTIATE_TEST_SUITE_P(
         only_all("EntryOfAMisspeltSection", ">sfc\n  maxcycc 50\nend\n", ">scf\n  maxcyc 50\nend\n"),
         only_all("NameAndEnd", ">sfc\n  maxcycc 50\n>xyz 0 1\n  He 0 0 0\n",
                  ">scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n"),
-        same("NoNearName", "% nothinglikeit 5\n")),
+        same("NoNearName", "% nothinglikeit 5\n"),
+        // A name that is there already is not given twice.
+        same("DirectiveThatIsThere", "% mem 1\n% maxcor 2\n"), same("TokenThatIsThere", "! hf sto-3g sto-3gg\n"),
+        same("SectionThatIsThere", ">sfc\nend\n>scf\nend\n"),
+        same("EntryThatIsThere", ">scf\n  maxcycc 1\n  maxiter 2\nend\n"),
+        only_all("TwoOfOneName", "% maxcor 1\n% maxcor 2\n", "% maxcore 1\n% maxcor 2\n"),
+        only_all("EntryThatIsThereInAnotherSection", ">scf\n  maxcycc 1\nend\n>opt\n  maxcyc 2\nend\n",
+                 ">scf\n  maxcyc 1\nend\n>opt\n  maxcyc 2\nend\n")),
     [](const auto& test) { return test.param.name; });
 
 TEST(FixAll, TakesNoneOfSeveralNearNames) {
