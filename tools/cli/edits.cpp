@@ -149,20 +149,29 @@ std::vector<Finding> not_written(const OverlayResult& result) {
     return findings;
 }
 
+// The text before is looked at only when the text after has errors at all.
 std::vector<Finding> new_errors(const std::string& before, const std::string& after, const InputSchema& schema) {
+    std::vector<Finding> errors = find_all(after, schema);
+    errors.erase(std::remove_if(errors.begin(), errors.end(),
+                                [](const Finding& finding) { return finding.severity != IssueSeverity::Error; }),
+                 errors.end());
+    if (errors.empty()) {
+        return errors;
+    }
     std::multiset<std::string> known;
     for (const Finding& finding : find_all(before, schema)) {
         known.insert(finding.code + finding.message);
     }
-    std::vector<Finding> errors;
-    for (Finding& finding : find_all(after, schema)) {
-        const auto old = known.find(finding.code + finding.message);
-        if (old != known.end()) {
-            known.erase(old);
-        } else if (finding.severity == IssueSeverity::Error) {
-            errors.push_back(std::move(finding));
-        }
-    }
+    errors.erase(std::remove_if(errors.begin(), errors.end(),
+                                [&](const Finding& finding) {
+                                    const auto old = known.find(finding.code + finding.message);
+                                    const bool is_old = old != known.end();
+                                    if (is_old) {
+                                        known.erase(old);
+                                    }
+                                    return is_old;
+                                }),
+                 errors.end());
     return errors;
 }
 

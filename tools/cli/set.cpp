@@ -51,6 +51,9 @@ void add_set(CLI::App& program, Run& run) {
         options->edits.add_option(*set, kind);
     }
     options->edits.add_charge_options(*set);
+    for (const char* const option : {"--charge", "--multiplicity"}) {
+        set->get_option(option)->needs(set->get_option("--geometry"));
+    }
     add_edit_options(*set, options->output);
     add_canonical_option(*set, options->output.canonical);
     set->add_option("-o,--output", options->output.path, "Write to this file")

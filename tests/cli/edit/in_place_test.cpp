@@ -52,6 +52,7 @@ TEST_P(InPlace, ChangesOnlyWhatWasAskedFor) {
     write_file(dir / "old", annotated);
     write_file(dir / "a.inp", annotated);
     write_file(dir / "same.xyz", "3\n\nO 0 0 0.1173\nH 0 0.7572 -0.4692\nH 0 -0.7572 -0.46920000000001\n");
+    write_file(dir / "swapped.xyz", "3\n\nH 0 0.7572 -0.4692\nO 0 0 0.1173\nH 0 -0.7572 -0.46920000000001\n");
     write_file(dir / "moved.xyz", "3\n\nO 0 0 0.1173\nH 0 0.7572 -0.4692\nH 0 -0.75 -0.46920000000001\n");
     std::vector<std::string> arguments = GetParam().options;
     arguments.insert(arguments.begin() + 1, {"-i", "a.inp"});
@@ -77,6 +78,8 @@ INSTANTIATE_TEST_SUITE_P(
         InPlaceEdit{{"geom", "--from-xyz", "same.xyz"}, ""}, InPlaceEdit{{"set", "--geometry", "same.xyz"}, ""},
         InPlaceEdit{{"geom", "--from-xyz", "moved.xyz"},
                     "<   H   0.0  -0.7572   -0.46920000000001\n>   H   0.0  -0.7500000000   -0.46920000000001\n"},
+        InPlaceEdit{{"geom", "--from-xyz", "swapped.xyz"},
+                    "<   O   0.0   0.0       0.1173    the apex\n>   O   0.0   0.0       0.1173    the apex\n"},
         InPlaceEdit{{"geom", "--from-xyz", "same.xyz", "--charge", "1", "--multiplicity", "2"},
                     "< \t>XYZ 0 1\r\n> \t>XYZ 1 2\r\n"}));
 
@@ -90,6 +93,24 @@ TEST(InPlace, LeavesTheFileAloneWhenAnEditCannotBeWritten) {
         EXPECT_THAT(run.err, HasSubstr("is left as it is\n"));
         EXPECT_EQ(read_file(dir / "a.inp"), annotated);
     }
+}
+
+TEST(InPlace, RefusesAChargeWithoutAGeometry) {
+    for (const char* const option : {"--charge", "--multiplicity"}) {
+        const ProgramRun run = run_edit({"set", "-", option, "2"}, {.input = annotated});
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.out, "");
+        EXPECT_THAT(run.err, HasSubstr(std::string(option) + " requires --geometry"));
+    }
+}
+
+TEST(InPlace, ReportsOnlyErrorsThatTheTextBeforeDidNotHave) {
+    const std::string bad = "% nprocs many\n! hf sto-3g\n>xyz 0 1\nHe 0 0 0\nend\n";
+    EXPECT_EQ(run_edit({"set", "-", "--directive", "maxcore=1"}, {.input = bad}).status, 0);
+    const ProgramRun run = run_edit({"set", "-", "--directive", "maxcore=x"}, {.input = bad});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, HasSubstr("directive '% maxcore' expects integer, got 'x'."));
+    EXPECT_THAT(run.err, testing::Not(HasSubstr("nprocs")));
 }
 
 TEST(InPlace, PlacesANewErrorInTheTextThatWouldBeWritten) {
