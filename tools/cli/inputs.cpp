@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <system_error>
+#include <unordered_set>
 #include <velk/core/fs.hpp>
 
 namespace amesp_inp {
@@ -47,6 +48,21 @@ void add_directory(const std::string& directory, const std::vector<std::string>&
     for (std::string& path : found) {
         inputs.push_back({path, path});
     }
+}
+
+// The path in its shortest spelling. What stands before a ".." may be a link, which only the system can follow.
+std::string spelling_of(const std::string& path) {
+    const stdfs::path parts(path);
+    return std::find(parts.begin(), parts.end(), "..") == parts.end() ? parts.lexically_normal().string() : path;
+}
+
+// Leaves the first of those that name the same file: an edit is made once, however often its file is named.
+void remove_repeated(std::vector<Input>& inputs) {
+    std::unordered_set<std::string> seen;
+    const auto is_repeated = [&](const Input& input) {
+        return input.path != "-" && !seen.insert(spelling_of(input.path)).second;
+    };
+    inputs.erase(std::remove_if(inputs.begin(), inputs.end(), is_repeated), inputs.end());
 }
 
 // Not by the name /dev/stdin: a socket cannot be opened by it, and a file would be read from its start again.
@@ -91,6 +107,7 @@ std::vector<Input> collect_inputs(const InputOptions& options) {
             inputs.push_back({path, path});
         }
     }
+    remove_repeated(inputs);
     return inputs;
 }
 

@@ -21,8 +21,8 @@ struct Input {
 };
 
 // The files to work on, in the order given; a directory stands for the files below it that match a pattern, in byte
-// order of their paths. A path that is no directory is taken as a file and may turn out to be unreadable. Throws
-// std::runtime_error when a directory cannot be walked.
+// order of their paths; a file that is named again is left out. A path that is no directory is taken as a file and may
+// turn out to be unreadable. Throws std::runtime_error when a directory cannot be walked.
 std::vector<Input> collect_inputs(const InputOptions& options);
 
 // All bytes. Throws std::runtime_error, "cannot read 'NAME': REASON".

@@ -1,6 +1,8 @@
 // What set and geom leave alone in a file that a person wrote: everything that was not asked for.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 
@@ -111,6 +113,29 @@ TEST(InPlace, ReportsOnlyErrorsThatTheTextBeforeDidNotHave) {
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.err, HasSubstr("directive '% maxcore' expects integer, got 'x'."));
     EXPECT_THAT(run.err, testing::Not(HasSubstr("nprocs")));
+}
+
+TEST(InPlace, MakesAnEditOnceInAFileThatIsNamedTwice) {
+    const TempDir dir;
+    write_file(dir / "a.inp", annotated);
+    const ProgramRun run =
+        run_edit({"set", "-i", ".", "a.inp", "./a.inp", ".//a.inp", "--add-token", "freq"}, {.directory = dir.path()});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_THAT(read_file(dir / "a.inp"), HasSubstr("! d3bj freq\n"));
+}
+
+TEST(InPlace, TakesTwoFilesBehindALinkForTwo) {
+    const TempDir dir;
+    ::mkdir((dir / "b").c_str(), 0700);
+    ::mkdir((dir / "b/c").c_str(), 0700);
+    ASSERT_EQ(::symlink("b/c", (dir / "link").c_str()), 0);
+    write_file(dir / "a.inp", annotated);
+    write_file(dir / "b/a.inp", annotated);
+    const ProgramRun run =
+        run_edit({"set", "-i", "a.inp", "link/../a.inp", "--add-token", "freq"}, {.directory = dir.path()});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_THAT(read_file(dir / "a.inp"), HasSubstr("! d3bj freq\n"));
+    EXPECT_THAT(read_file(dir / "b/a.inp"), HasSubstr("! d3bj freq\n"));
 }
 
 TEST(InPlace, PlacesANewErrorInTheTextThatWouldBeWritten) {
