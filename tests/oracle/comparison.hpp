@@ -1,4 +1,4 @@
-// Puts one text, or one sequence of edits, to the library and to the model, and says where they differ.
+// Puts one text, one sequence of edits, or one schema to the library and to the model, and says where they differ.
 #pragma once
 
 #include <cstdint>
@@ -20,6 +20,9 @@ std::string difference_in_reading(const std::string& text, const TablesHandle& t
 // that works with the second one.
 std::string difference_in_editing(const std::string& text, const TablesHandle& tables, const TablesHandle& other,
                                   std::uint64_t seed);
+
+// Reading `yaml` as a schema.
+std::string difference_in_loading(const std::string& yaml);
 
 // A shorter text that `differs` still holds for.
 std::string shrunk(std::string text, const std::function<bool(const std::string&)>& differs);

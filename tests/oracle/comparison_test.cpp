@@ -13,6 +13,8 @@
 #include "oracle/described.hpp"
 #include "oracle/random_schema.hpp"
 #include "oracle/random_text.hpp"
+#include "oracle/random_yaml.hpp"
+#include "oracle/schema_reading_model.hpp"
 
 #if defined(__has_feature)
 #define VELK_ADDRESS_SANITIZER __has_feature(address_sanitizer)
@@ -78,6 +80,19 @@ TEST(Oracle, EditsEveryRandomTextAsTheModelDoes) {
         reported = reported == 0 && !difference.empty() ? seed : reported;
         return difference;
     });
+}
+
+TEST(Oracle, LoadsEveryRandomSchemaAsTheModelDoes) {
+    Chance chance(setting("VELK_ORACLE_SEED", 1));
+    std::uint64_t loaded = 0;
+    const std::uint64_t count = documents() / 5;
+    for (std::uint64_t number = 0; number < count; ++number) {
+        const std::string yaml = random_yaml(chance);
+        ASSERT_EQ(difference_in_loading(yaml), "") << yaml;
+        loaded += read_schema(yaml) != nullptr ? 1U : 0U;
+    }
+    EXPECT_GT(loaded, count / 4);  // most of them are not refused by both
+    EXPECT_LT(loaded, count);
 }
 
 }  // namespace

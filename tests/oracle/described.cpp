@@ -33,10 +33,6 @@ std::string flag(bool known) {
     return known ? " yes" : " no";
 }
 
-std::string bits(double value) {
-    return " " + std::to_string(std::bit_cast<std::uint64_t>(value));
-}
-
 std::string described(const Directive& directive) {
     const auto& [name, value, known, location] = directive;
     return "directive " + quoted(name) + quoted(value) + flag(known) + described(location) + "\n";
@@ -72,6 +68,10 @@ std::string each_described(const std::vector<Record>& list) {
 }
 
 }  // namespace
+
+std::string bits(double value) {
+    return " " + std::to_string(std::bit_cast<std::uint64_t>(value));
+}
 
 std::string quoted(std::string_view text) {
     std::string result = " \"";

@@ -19,6 +19,9 @@ std::string described(const std::vector<input::amesp::ValidationIssue>& issues);
 std::string described(const std::vector<std::string>& strings);
 std::string described(const input::amesp::InputSchema::Impl& tables);
 
+// A number's bits, as a decimal number.
+std::string bits(double value);
+
 // As a literal of C++.
 std::string quoted(std::string_view text);
 

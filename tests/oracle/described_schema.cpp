@@ -19,7 +19,7 @@ std::string described(const StringMap<std::string>& aliases) {
 }
 
 std::string bound(const char* label, const std::optional<double>& value) {
-    return value ? label + with_six_decimals(*value) : "";
+    return value ? label + with_six_decimals(*value) + " (bits" + bits(*value) + ")" : "";
 }
 
 std::string described(const ValueSpec& spec) {
