@@ -22,6 +22,9 @@ tests/install/installed_package.sh build/gcc "$PWD"
 tests/install/subdirectory.sh "$PWD"
 tests/install/exported_symbols.sh build/gcc/lib "$PWD"
 
+step "growth: instructions at two sizes"
+scripts/check_growth.sh build/gcc
+
 step "the hardening of the built files"
 scripts/check_hardening.sh build/gcc
 
