@@ -175,7 +175,7 @@ bool write_text_file_atomic(const std::string& path, std::string_view content) {
         return false;
     }
     const std::optional<std::string> target = link_target(path);
-    if (!target || target->empty() || target->ends_with('/')) {
+    if (!target || target->ends_with('/')) {
         return false;
     }
     struct stat existing {};

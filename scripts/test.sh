@@ -41,6 +41,9 @@ scripts/check_threads.sh
 step "the fuzzers, for a short time each"
 scripts/fuzz.sh 20
 
+step "coverage: every line and every branch of the library"
+scripts/check_coverage.sh
+
 step "static analysis"
 scripts/check_static.sh build/sanitize
 

@@ -23,13 +23,12 @@ static_assert(std::numeric_limits<double>::is_iec559 && sizeof(double) == sizeof
 // |value| * 10^10, rounded half to even. `exponent` and `mantissa` are the fields of the double.
 std::uint64_t scaled(std::uint64_t exponent, std::uint64_t mantissa) noexcept {
     constexpr std::uint64_t unit_exponent = exponent_bias + mantissa_bits;  // of doubles that are integers
-    constexpr std::uint64_t all_below_half = 100;                           // bits: shifted out, they leave nothing
-    const bool subnormal = exponent == 0;
-    const std::uint64_t shift = unit_exponent - (subnormal ? 1 : exponent);
+    constexpr std::uint64_t all_below_half = 100;  // bits: shifted out, they leave nothing, nor do subnormals
+    const std::uint64_t shift = unit_exponent - exponent;
     if (shift >= all_below_half) {
         return 0;
     }
-    const Wide exact = Wide{subnormal ? mantissa : mantissa | (std::uint64_t{1} << mantissa_bits)} * scale;
+    const Wide exact = Wide{mantissa | (std::uint64_t{1} << mantissa_bits)} * scale;
     const Wide odd = (exact >> shift) & 1;
     const Wide just_below_half = (Wide{1} << (shift - 1)) - 1;
     return static_cast<std::uint64_t>((exact + just_below_half + odd) >> shift);

@@ -51,7 +51,7 @@ std::optional<double> read_plain_decimal(std::string_view text) {
         return std::nullopt;
     }
     const double size = value < 0 ? -value : value;
-    if (size > std::numeric_limits<double>::min() && size <= std::numeric_limits<double>::max()) {
+    if (size > std::numeric_limits<double>::min()) {
         return value;
     }
     const bool all_zeros =

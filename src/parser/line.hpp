@@ -22,10 +22,10 @@ struct Line {
         return {number, static_cast<std::uint64_t>(text.data() - raw.data()) + 1, text.size()};
     }
 
-    // Of a line in a section: the first byte that is neither blank nor tab.
+    // Of a line in a section that is not blank: the first byte that is neither blank nor tab.
     SourceLocation body_location() const {
         std::size_t begin = 0;
-        while (begin < raw.size() && (raw[begin] == ' ' || raw[begin] == '\t')) {
+        while (raw[begin] == ' ' || raw[begin] == '\t') {
             ++begin;
         }
         return {number, begin + 1, text.size()};

@@ -27,14 +27,6 @@ namespace {
 
 using Aliases = StringMap<std::string>;
 
-bool is_scalar(const YAML::Node& node) {
-    return node.IsDefined() && node.IsScalar();
-}
-
-bool is_map(const YAML::Node& node) {
-    return node.IsDefined() && node.IsMap();
-}
-
 std::string read_key(const YAML::Node& scalar) {
     return normalize_key(scalar.Scalar());
 }
@@ -46,11 +38,11 @@ using Value = std::optional<YAML::Node>;
 template <std::size_t Count>
 std::array<Value, Count> values_under(const YAML::Node& body, const std::string_view (&names)[Count]) {
     std::array<Value, Count> values;
-    if (!is_map(body)) {
+    if (!body.IsMap()) {
         return values;
     }
     for (const auto& pair : body) {
-        const auto* const name = is_scalar(pair.first)
+        const auto* const name = pair.first.IsScalar()
                                      ? std::find(std::begin(names), std::end(names), pair.first.Scalar())
                                      : std::end(names);
         if (name == std::end(names)) {
@@ -65,14 +57,14 @@ std::array<Value, Count> values_under(const YAML::Node& body, const std::string_
 
 // The scalar, normalised, unless there is none.
 void read_word(const Value& value, std::string& word) {
-    if (value && is_scalar(*value)) {
+    if (value && value->IsScalar()) {
         word = read_key(*value);
     }
 }
 
 // A scalar that is no YAML boolean makes the load fail.
 void read_flag(const Value& value, bool& flag) {
-    if (value && is_scalar(*value)) {
+    if (value && value->IsScalar()) {
         flag = value->as<bool>();
     }
 }
@@ -82,11 +74,11 @@ std::vector<std::string> read_string_list(const Value& value) {
     if (!value) {
         return list;
     }
-    if (is_scalar(*value)) {
+    if (value->IsScalar()) {
         list.push_back(read_key(*value));
     } else if (value->IsSequence()) {
         for (const YAML::Node& item : *value) {
-            if (is_scalar(item)) {
+            if (item.IsScalar()) {
                 list.push_back(read_key(item));
             }
         }
@@ -116,7 +108,7 @@ std::optional<double> read_plain_double(const std::string& text) {
 }
 
 std::optional<double> read_bound(const Value& bound) {
-    if (!bound || !is_scalar(*bound)) {
+    if (!bound || !bound->IsScalar()) {
         return std::nullopt;
     }
     const YAML::Node& node = *bound;
@@ -143,11 +135,11 @@ void add_aliases(Aliases& aliases, const std::string& canonical, const Value& li
 // Calls `read(name, body)` for each pair of the mapping, in document order; for nothing if it is none.
 template <class Read>
 void for_each_named(const Value& mapping, Read read) {
-    if (!mapping || !is_map(*mapping)) {
+    if (!mapping || !mapping->IsMap()) {
         return;
     }
     for (const auto& pair : *mapping) {
-        if (is_scalar(pair.first)) {
+        if (pair.first.IsScalar()) {
             const YAML::Node& body = pair.second;
             read(read_key(pair.first), body);
         }
@@ -158,7 +150,7 @@ void for_each_named(const Value& mapping, Read read) {
 template <class Read>
 void for_each_body(const Value& mapping, Read read) {
     for_each_named(mapping, [&](const std::string& name, const YAML::Node& body) {
-        if (is_scalar(body)) {
+        if (body.IsScalar()) {
             static_cast<void>(body["aliases"]);
         }
         read(name, body);
@@ -234,7 +226,7 @@ void read_sections(const Value& mapping, InputSchema::Impl& tables) {
 
 std::shared_ptr<const InputSchema::Impl> build_schema(const YAML::Node& root) {
     auto tables = std::make_shared<InputSchema::Impl>();
-    if (is_scalar(root)) {
+    if (root.IsScalar()) {
         static_cast<void>(root["directives"]);
     }
     const auto [directives, tokens, prefixes, sections] =

@@ -120,6 +120,15 @@ TEST(WriteTextFileAtomic, WritesThroughSymbolicLinks) {
     EXPECT_TRUE(write_text_file_atomic(dir / "dangling", "made"));
     EXPECT_EQ(read_file(dir / "sub/absent"), "made");
     EXPECT_TRUE(std::filesystem::is_symlink(dir / "dangling"));
+
+    const auto saved = std::filesystem::current_path();
+    std::filesystem::current_path(dir / "sub");
+    std::filesystem::create_symlink("target", "beside");
+    const bool written = write_text_file_atomic("beside", "newer");
+    std::filesystem::current_path(saved);
+    EXPECT_TRUE(written);
+    EXPECT_TRUE(std::filesystem::is_symlink(dir / "sub/beside"));
+    EXPECT_EQ(read_file(dir / "sub/target"), "newer");
 }
 
 TEST(WriteTextFileAtomic, RefusesWhatIsNoRegularFileAndLeavesItAlone) {

@@ -90,6 +90,14 @@ TEST(Geometry, WritesCoordinatesThatReadBackAsTheSameNumber) {
     EXPECT_TRUE(std::signbit(data.sections[0].atoms[0].z));
 }
 
+TEST(Geometry, WritesAnAtomAnewInThePlaceOfOneThatTakesItsLineAlong) {
+    expect_laid_over({
+        {"", ">xyz 0 1\n  P 1 0 0  the p\n  S 2 0 0\n  T 3 0 0\n  B 4 0 0  the b\nend\n",
+         set({atom("X", 9, 0, 0), atom("S", 2, 0, 0), atom("T", 3, 0, 0), atom("P", 1, 0, 0)}),
+         ">xyz 0 1\n  X 9.0000000000 0.0000000000 0.0000000000\n  S 2 0 0\n  T 3 0 0\n  P 1 0 0  the p\nend\n"},
+    });
+}
+
 TEST(Geometry, TakesNewKeptLinesBehindItsAtoms) {
     const std::string text = ">xyz 0 1\nH 0 0 0\nend\n";
     const auto with_lines = [](std::vector<std::string> lines) {

@@ -42,6 +42,14 @@ TEST(NotWritten, IsWhatNoLineReadsBackAs) {
         {"one that would look like lines without meaning", text, directive("title", "a\n%"), text, code},
         {"a new directive's value with a line feed", text, directive("nprocs", "1\n2"), text, code},
         {"a directive's name with a blank", text, directive("my name", "1"), text, code},
+        {"a directive of nothing", text, directive("", ""), text, code},
+        {"a token of nothing", text,
+         [](AIPEditor& editor) {
+             auto data = editor.data();
+             data.method_tokens.push_back({});
+             editor.set_data(data);
+         },
+         text, code},
         {"a directive without a name", text, directive("", "1"), text, code},
         {"a token with a blank", text, [](AIPEditor& editor) { editor.add_method_token("opt freq"); }, text, code},
         {"an entry's value with a line feed", text, entry("scf", "note", "a\nend\n"), text, "amesp.not_expressible"},

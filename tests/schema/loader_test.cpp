@@ -161,9 +161,10 @@ struct BoundCase {
 
 TEST(Loader, ReadsBoundsThatAreNumbersAndSkipsOthersInEveryLocale) {
     const double infinity = std::numeric_limits<double>::infinity();
-    const BoundCase cases[] = {{"1", 1.0},         {"-3", -3.0},         {"0.5", 0.5}, {"1e20", 1e20}, {"'2.5'", 2.5},
-                               {".inf", infinity}, {"-.inf", -infinity}, {"word", {}}, {"'1,5'", {}},  {"''", {}},
-                               {"[1]", {}},        {"1.5x", {}},         {"1 2", {}},  {"", {}},       {"{a: 1}", {}}};
+    const BoundCase cases[] = {
+        {"1", 1.0},           {"-3", -3.0}, {"0.5", 0.5},  {"1e20", 1e20}, {"'2.5'", 2.5}, {".inf", infinity},
+        {"-.inf", -infinity}, {"word", {}}, {"'1,5'", {}}, {"''", {}},     {"[1]", {}},    {"1.2.3", {}},
+        {"1-2", {}},          {"-", {}},    {"1.5x", {}},  {"1 2", {}},    {"", {}},       {"{a: 1}", {}}};
     const auto check = [&] {
         for (const BoundCase& c : cases) {
             const std::string yaml = std::string("directives: {d: {min: ") + c.text + ", max: " + c.text + "}}";
@@ -215,6 +216,21 @@ TEST(Loader, SortsPrefixesLongestFirst) {
 TEST(Loader, SkipsKeysThatAreNoScalars) {
     const InputSchema schema = InputSchema::from_yaml("directives: {? [a] : {}, ? {b: c} : {}, d: {}}");
     EXPECT_THAT(schema.known_directives(), ElementsAre("d"));
+    const InputSchema body = InputSchema::from_yaml("directives: {d: {? [min] : 3, ? {max: 1} : 3, min: 4}}");
+    EXPECT_EQ(body.tables().directives.at("d"), (ValueSpec{"d", "string", {}, 4.0, {}, false}));
+}
+
+TEST(Loader, TakesTheFirstOfTwoEqualKeysOfABody) {
+    const InputSchema schema =
+        InputSchema::from_yaml("sections: {s: {required: true, required: false, entries: {e: {min: 1, min: 2}}}}");
+    EXPECT_TRUE(schema.tables().sections.at("s").required);
+    EXPECT_EQ(schema.tables().sections.at("s").entries.at("e").min, 1.0);
+}
+
+TEST(Loader, SkipsFlagsThatAreNoScalars) {
+    const InputSchema schema = InputSchema::from_yaml("sections: {s: {required: [true], allow_multiple: {no: no}}}");
+    EXPECT_FALSE(schema.tables().sections.at("s").required);
+    EXPECT_TRUE(schema.tables().sections.at("s").allow_multiple);
 }
 
 TEST(Loader, FailsOnWhatIsNoYamlAndOnImpossibleConversions) {

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstring>
 #include <vector>
 
 namespace velk::input::amesp {
@@ -46,9 +48,34 @@ TEST(StringMap, FindsExactKeysOnly) {
     EXPECT_EQ(map.find("")->second, 2);
     EXPECT_EQ(map.find("A"), map.end());
     EXPECT_TRUE(map.contains("a"));
+    EXPECT_EQ(map.count("a"), 1U);
     EXPECT_EQ(map.count("b"), 0U);
     EXPECT_THROW(map.at("b"), std::out_of_range);
     EXPECT_EQ(map.size(), 2U);
+}
+
+// One step of the map's own hash, for keys made of whole words.
+std::uint64_t mixed(std::uint64_t state, std::uint64_t word) {
+    const std::uint64_t product = (state ^ word) * 0x9e3779b97f4a7c15U;
+    return product ^ product >> 32U;
+}
+
+std::string key_of(std::uint64_t first, std::uint64_t second) {
+    std::string key(16, '\0');
+    std::memcpy(key.data(), &first, sizeof first);
+    std::memcpy(key.data() + sizeof first, &second, sizeof second);
+    return key;
+}
+
+TEST(StringMap, KeepsKeysApartWhoseHashesAreEqual) {
+    const std::uint64_t size = 16;
+    const std::string one = key_of(1, 1);
+    const std::string other = key_of(2, 1 ^ mixed(size, 1) ^ mixed(size, 2));
+    Map map{{one, 1}};
+    EXPECT_FALSE(map.contains(other));
+    map.emplace(other, 2);
+    EXPECT_EQ(map.at(one), 1);
+    EXPECT_EQ(map.at(other), 2);
 }
 
 TEST(StringMap, KeepsReferencesWhileItGrows) {

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -46,6 +47,9 @@ inline ProgramRun run_program(const std::vector<std::string>& arguments, const R
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> environment = options.environment;
     environment.push_back("HOME=" + dir.path());
+    if (const char* const profile = std::getenv("LLVM_PROFILE_FILE")) {  // of a build that measures coverage
+        environment.push_back(std::string("LLVM_PROFILE_FILE=") + profile);
+    }
 
     const pid_t child = ::fork();
     if (child == 0) {
