@@ -47,8 +47,11 @@ inline ProgramRun run_program(const std::vector<std::string>& arguments, const R
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<std::string> environment = options.environment;
     environment.push_back("HOME=" + dir.path());
-    if (const char* const profile = std::getenv("LLVM_PROFILE_FILE")) {  // of a build that measures coverage
-        environment.push_back(std::string("LLVM_PROFILE_FILE=") + profile);
+    // What measures coverage, and puts a changed library before the tests, reaches the program as well.
+    for (const char* const name : {"LLVM_PROFILE_FILE", "LD_LIBRARY_PATH"}) {
+        if (const char* const value = std::getenv(name)) {
+            environment.push_back(std::string(name) + "=" + value);
+        }
     }
 
     const pid_t child = ::fork();
