@@ -52,7 +52,7 @@ TEST_P(Workers, OutOfMemoryEndInAMessageAndStatusTwo) {
     std::printf("each of %ld allocations failed\n", allocations);
 }
 
-INSTANTIATE_TEST_SUITE_P(Check, Workers, testing::Values("text"),
+INSTANTIATE_TEST_SUITE_P(Check, Workers, testing::Values("text", "json"),
                          [](const auto& format) { return std::string(format.param); });
 
 }  // namespace

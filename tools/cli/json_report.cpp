@@ -1,4 +1,5 @@
-// Findings as JSON.
+// Findings as JSON, written piece by piece: to take a tree of JSON values down needs memory, and where there is none
+// left that would end the program in the middle of its work.
 #include "json_report.hpp"
 
 #include <nlohmann/json.hpp>
@@ -6,37 +7,53 @@
 namespace amesp_inp {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-Json range_of(const SourceLocation& location) {
-    return {{"start", {{"line", location.line}, {"column", location.column}}},
-            {"end", {{"line", location.line}, {"column", location.column + location.length}}}};
+// A string with its quotes and escapes; bytes that are no UTF-8 are replaced.
+std::string quoted(const std::string& text) {
+    using Json = nlohmann::json;
+    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-Json json_of(const Finding& finding) {
-    Json notes = Json::array();
-    for (const Note& note : finding.notes) {
-        notes.push_back({{"message", note.message}, {"range", range_of(note.location)}});
+template <class Items, class Write>
+std::string list_of(const Items& items, Write write) {
+    std::string list = "[";
+    for (const auto& item : items) {
+        list += list.size() > 1 ? "," : "";
+        list += write(item);
     }
-    return {{"severity", finding.severity == IssueSeverity::Error ? "error" : "warning"},
-            {"code", finding.code},
-            {"message", finding.message},
-            {"range", range_of(finding.location)},
-            {"notes", std::move(notes)},
-            {"help", finding.helps}};
+    return list + "]";
+}
+
+std::string place(std::uint64_t line, std::uint64_t column) {
+    return "{\"line\":" + std::to_string(line) + ",\"column\":" + std::to_string(column) + "}";
+}
+
+std::string range_of(const SourceLocation& location) {
+    return "{\"start\":" + place(location.line, location.column) +
+           ",\"end\":" + place(location.line, location.column + location.length) + "}";
+}
+
+std::string json_of(const Note& note) {
+    return "{\"message\":" + quoted(note.message) + ",\"range\":" + range_of(note.location) + "}";
+}
+
+std::string json_of(const Finding& finding) {
+    std::string json = "{\"severity\":";
+    json += finding.severity == IssueSeverity::Error ? "\"error\"" : "\"warning\"";
+    json += ",\"code\":" + quoted(finding.code);
+    json += ",\"message\":" + quoted(finding.message);
+    json += ",\"range\":" + range_of(finding.location);
+    json += ",\"notes\":" + list_of(finding.notes, [](const Note& note) { return json_of(note); });
+    json += ",\"help\":" + list_of(finding.helps, quoted);
+    return json + "}";
 }
 
 }  // namespace
 
 std::string json_report(const FileFindings& file) {
-    Json findings = Json::array();
-    for (const Finding& finding : file.findings) {
-        findings.push_back(json_of(finding));
-    }
-    const Json json = {{"file", file.name},
-                       {"error", file.error.empty() ? Json(nullptr) : Json(file.error)},
-                       {"findings", std::move(findings)}};
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+    std::string json = "{\"file\":" + quoted(file.name);
+    json += ",\"error\":" + (file.error.empty() ? "null" : quoted(file.error));
+    json += ",\"findings\":" + list_of(file.findings, [](const Finding& finding) { return json_of(finding); });
+    return json + "}";
 }
 
 }  // namespace amesp_inp
