@@ -1,9 +1,12 @@
 // The program amesp-inp: its subcommands, its help and what becomes of errors.
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
 #include <exception>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "exit_status.hpp"
 #include "output.hpp"
@@ -12,7 +15,33 @@
 namespace amesp_inp {
 namespace {
 
-constexpr auto subcommands = {add_check, add_explain, add_show, add_fmt, add_get, add_set, add_geom, add_new};
+struct Subcommand {
+    std::string_view name;
+    void (*add)(CLI::App&, Run&);
+};
+
+constexpr std::array<Subcommand, 8> subcommands = {{{"check", add_check},
+                                                    {"explain", add_explain},
+                                                    {"show", add_show},
+                                                    {"fmt", add_fmt},
+                                                    {"get", add_get},
+                                                    {"set", add_set},
+                                                    {"geom", add_geom},
+                                                    {"new", add_new}}};
+
+// Only the one that is called, where the first word says so: making the options of all of them takes longer than
+// checking a small file.
+void add_subcommands(CLI::App& program, std::string_view first_word, Run& run) {
+    const auto* const called = std::find_if(subcommands.begin(), subcommands.end(),
+                                            [&](const Subcommand& command) { return command.name == first_word; });
+    if (called != subcommands.end()) {
+        called->add(program, run);
+        return;
+    }
+    for (const Subcommand& command : subcommands) {
+        command.add(program, run);
+    }
+}
 
 // The examples of a subcommand, which are its footer, open its help.
 class ExamplesFirst : public CLI::Formatter {
@@ -31,9 +60,7 @@ int run_program(int argc, char** argv) {
     program.set_version_flag("--version", "amesp-inp " AMESP_INP_VERSION);
     program.require_subcommand(1);
     Run run;
-    for (const auto add : subcommands) {
-        add(program, run);
-    }
+    add_subcommands(program, argc > 1 ? argv[1] : "", run);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
