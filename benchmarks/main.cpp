@@ -1,5 +1,6 @@
 // Runs the pairs through Google Benchmark, whose flags all hold (--benchmark_filter=REGEX), and prints the table.
 #include <cstdio>
+#include <cstdlib>
 #include <map>
 #include <utility>
 
@@ -63,6 +64,11 @@ void add_all_rows() {
     for (const auto& [place, add] : groups()) {
         add();
     }
+}
+
+double patience() {
+    const char* const text = std::getenv("AMESP_BENCH_PATIENCE");
+    return text != nullptr ? std::atof(text) : 1.0;
 }
 
 void set_target(const std::string& row, Target target) {

@@ -97,6 +97,9 @@ inline void require(bool condition, const char* claim) {
     }
 }
 
+// What the time of each row is multiplied by: AMESP_BENCH_PATIENCE, or 1. With 0 each side has one turn.
+double patience();
+
 void set_target(const std::string& row, Target target);
 Target target_of(const std::string& row);
 
@@ -112,7 +115,7 @@ void add_pair(const std::string& name, Target target, Make make, double seconds 
         first.choose_turn(contest.wall_only);
         second.choose_turn(contest.wall_only);
         for (auto _ : state) {
-            const double end = seconds_now(Clock::wall) + seconds;
+            const double end = seconds_now(Clock::wall) + seconds * patience();
             do {
                 first.take_turn();
                 second.take_turn();

@@ -47,6 +47,9 @@ scripts/check_coverage.sh
 step "static analysis"
 scripts/check_static.sh build/sanitize
 
+step "the benchmarks: built, and each row run once"
+scripts/check_benchmarks.sh build/gcc
+
 step "the example of the README"
 scripts/try.sh >build/try.log || { cat build/try.log; exit 1; }
 
