@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "schema/required_entries.hpp"
+
 namespace velk::input::amesp {
 namespace queries {
 namespace {
@@ -49,6 +51,12 @@ const ValueSpec* find_entry(const SectionSpec& section, std::string_view name) {
     return find(section.entries, canonical(section.entry_aliases, key));
 }
 
+EntryMatch match_entry(const SectionSpec& section, const Key& key) {
+    const std::string_view name = canonical(section.entry_aliases, key);
+    // Most names stand for themselves, and then nothing is left to resolve.
+    return {name, name == key.view() ? find(section.entries, name) : find_entry(section, name)};
+}
+
 TokenMatch match_method_token(const InputSchema::Impl& tables, std::string_view token) {
     const Key key(token);
     if (const std::string* const target = find(tables.method_token_aliases, key.view())) {
@@ -82,7 +90,8 @@ std::vector<std::string> sorted_keys(const StringMap<Value>& table) {
 InputSchema::InputSchema() : InputSchema(nullptr) {}
 
 InputSchema::InputSchema(std::shared_ptr<const Impl> tables)
-    : tables_(tables != nullptr ? std::move(tables) : std::make_shared<const Impl>()) {}
+    : tables_(tables != nullptr ? std::move(tables) : std::make_shared<const Impl>()),
+      required_(std::make_shared<const RequiredEntries>(*tables_)) {}
 
 bool InputSchema::empty() const {
     return tables_->directives.empty() && tables_->method_tokens.empty() && tables_->sections.empty();

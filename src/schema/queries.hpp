@@ -25,6 +25,13 @@ const ValueSpec* find_directive(const InputSchema::Impl& tables, std::string_vie
 const SectionSpec* find_section(const InputSchema::Impl& tables, std::string_view name);
 const ValueSpec* find_entry(const SectionSpec& section, std::string_view name);
 
+// What a section's table makes of an entry's name; no value of an unknown one.
+struct EntryMatch {
+    std::string_view canonical;  // into the table or of the key's text
+    const ValueSpec* spec = nullptr;
+};
+EntryMatch match_entry(const SectionSpec& section, const Key& key);
+
 // What the tables make of a method-line token.
 struct TokenMatch {
     std::string canonical;

@@ -40,17 +40,15 @@ Section make_section(const InputSchema& schema, std::string_view name, std::vect
     return section;
 }
 
-SectionEntry make_entry(const SectionSpec* section, std::string_view key, std::string_view value) {
-    SectionEntry entry;
+SectionEntry make_entry(const SectionSpec* section, std::string_view key, std::string_view value,
+                        std::string_view raw_line, const std::optional<SourceLocation>& location) {
+    const Key normalised(key);
+    queries::EntryMatch match{normalised.view(), nullptr};
     if (section != nullptr) {
-        const Key normalised(key);
-        entry.key = queries::canonical(section->entry_aliases, normalised);
-        entry.known = queries::find_entry(*section, entry.key) != nullptr;
-    } else {
-        entry.key = normalize_key(key);
+        match = queries::match_entry(*section, normalised);
     }
-    entry.value = trim_view(value);
-    return entry;
+    return {std::string(match.canonical), std::string(trim_view(value)), match.spec != nullptr, std::string(raw_line),
+            location};
 }
 
 }  // namespace velk::input::amesp::records
