@@ -47,6 +47,9 @@ public:
         return true;
     }
 
+    // What is left of the text.
+    std::string_view rest() const { return rest_; }
+
 private:
     std::string_view rest_;
     std::uint64_t number_ = 0;

@@ -8,8 +8,10 @@
 #include <velk/core/text_view.hpp>
 
 #include "model/geometry_names.hpp"
+#include "model/in_place.hpp"
 #include "model/numbers.hpp"
 #include "parser/line.hpp"
+#include "parser/look_ahead.hpp"
 #include "parser/warnings.hpp"
 #include "schema/queries.hpp"
 #include "schema/records.hpp"
@@ -122,6 +124,7 @@ private:
     // Everything up to the end line belongs to the body, whatever it begins with.
     void read_body(Section& section) {
         const SectionSpec* const spec = queries::find_section(schema_.tables(), section.name);
+        make_room(section);
         Line line;
         while (lines_.next(line)) {
             if (is_section_end(line.text)) {
@@ -135,6 +138,16 @@ private:
             }
         }
         section.terminated = false;
+    }
+
+    // Not for entries of which some will be left out: they would leave their room unused.
+    void make_room(Section& section) const {
+        if (section.parse_mode == SectionParseMode::cartesian_coordinates) {
+            constexpr std::size_t shortest_atom = std::string_view("H 0 0 0").size();
+            section.atoms.reserve(records_ahead(lines_.rest(), shortest_atom));
+        } else if (section.parse_mode == SectionParseMode::key_value && preserve_unknown_) {
+            section.entries.reserve(records_ahead(lines_.rest(), 1));
+        }
     }
 
     void read_body_line(const Line& line, Section& section, const SectionSpec* spec) {
@@ -160,7 +173,8 @@ private:
             warn(warnings::invalid_xyz_record(line.number));
             return;
         }
-        section.atoms.push_back({std::string(symbol), *x, *y, *z, std::string(line.raw), line.body_location()});
+        section.atoms.emplace_back(InPlace{
+            [&] { return AtomRecord{std::string(symbol), *x, *y, *z, std::string(line.raw), line.body_location()}; }});
     }
 
     void read_entry(const Line& line, Section& section, const SectionSpec* spec) {
@@ -178,11 +192,10 @@ private:
             warn(warnings::invalid_section_entry(line.number));
             return;
         }
-        SectionEntry entry = records::make_entry(spec, key, value);
-        if (entry.known || preserve_unknown_) {
-            entry.raw_line = line.raw;
-            entry.location = line.body_location();
-            section.entries.push_back(std::move(entry));
+        const SectionEntry& entry = section.entries.emplace_back(
+            InPlace{[&] { return records::make_entry(spec, key, value, line.raw, line.body_location()); }});
+        if (!entry.known && !preserve_unknown_) {
+            section.entries.pop_back();
         }
     }
 
