@@ -1,9 +1,9 @@
 // The rules that a document must satisfy, in the order in which they are reported.
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -13,17 +13,22 @@
 
 #include "model/geometry_names.hpp"
 #include "schema/queries.hpp"
+#include "schema/required_entries.hpp"
 #include "validation/issues.hpp"
 #include "validation/values.hpp"
 
 namespace velk::input::amesp {
 namespace {
 
+// `required_of` gives the entries that a section must hold.
+template <class RequiredOf>
 class Validator {
 public:
-    Validator(const InputSchema::Impl& tables, const AIPData& data) : tables_(tables), data_(data) {}
+    Validator(const InputSchema::Impl& tables, RequiredOf required_of, const AIPData& data)
+        : tables_(tables), required_of_(required_of), data_(data) {}
 
     std::vector<ValidationIssue> run() {
+        section_names_.reserve(data_.sections.size());
         check_method_line();
         check_directives();
         check_method_tokens();
@@ -75,7 +80,7 @@ private:
     void check_section(const Section& section) {
         const Key key(section.name);
         const std::string_view name = queries::canonical(tables_.section_aliases, key);
-        ++section_counts_[std::string(name)];
+        section_names_.emplace_back(name);
         if (is_geometry_section(name)) {
             ++geometry_count_;
         }
@@ -108,7 +113,7 @@ private:
     void check_entries(const Section& section, std::string_view name) {
         const SectionSpec& spec = *queries::find(tables_.sections, name);
         const SectionSpec* const names = queries::find_section(tables_, name);
-        const std::vector<const ValueSpec*>& required = required_entries(spec);
+        const std::vector<const ValueSpec*>& required = required_of_(spec);
         std::unordered_set<std::string> present;
         for (const SectionEntry& entry : section.entries) {
             const Key key(entry.key);
@@ -130,19 +135,6 @@ private:
         }
     }
 
-    // Gathered once for each specification, so that many sections of many optional entries cost no more than they hold.
-    const std::vector<const ValueSpec*>& required_entries(const SectionSpec& spec) {
-        const auto [place, is_new] = required_entries_.try_emplace(&spec);
-        if (is_new) {
-            for (const auto& [key, value] : spec.entries) {
-                if (value.required) {
-                    place->second.push_back(&value);
-                }
-            }
-        }
-        return place->second;
-    }
-
     void check_geometry_count() {
         if (geometry_count_ == 0) {
             add(issues::missing_geometry());
@@ -152,30 +144,35 @@ private:
     }
 
     void check_section_specs() {
+        std::sort(section_names_.begin(), section_names_.end());
         for (const auto& [key, spec] : tables_.sections) {
-            const auto counted = section_counts_.find(spec.name);
-            const std::uint64_t count = counted == section_counts_.end() ? 0 : counted->second;
-            if (spec.required && count == 0) {
+            if (!spec.required && spec.allow_multiple) {
+                continue;
+            }
+            const auto [first, last] = std::equal_range(section_names_.begin(), section_names_.end(), spec.name);
+            if (spec.required && first == last) {
                 add(issues::missing_required_section(spec.name));
             }
-            if (!spec.allow_multiple && count > 1) {
+            if (!spec.allow_multiple && last - first > 1) {
                 add(issues::duplicate_section(spec.name));
             }
         }
     }
 
     const InputSchema::Impl& tables_;
+    const RequiredOf required_of_;
     const AIPData& data_;
     std::vector<ValidationIssue> found_;
-    std::unordered_map<std::string, std::uint64_t> section_counts_;  // by canonical name
+    std::vector<std::string> section_names_;  // canonical
     std::uint64_t geometry_count_ = 0;
-    std::unordered_map<const SectionSpec*, std::vector<const ValueSpec*>> required_entries_;
 };
 
 }  // namespace
 
 std::vector<ValidationIssue> InputSchema::validate(const AIPData& data) const {
-    return Validator(*tables_, data).run();
+    return Validator(
+               *tables_, [this](const SectionSpec& spec) -> const auto& { return required_->of(spec); }, data)
+        .run();
 }
 
 }  // namespace velk::input::amesp
