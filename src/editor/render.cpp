@@ -26,6 +26,7 @@ public:
     Renderer(const AIPData& data, const InputSchema& schema) : data_(data), schema_(schema) {}
 
     std::string run() {
+        text_.reserve(usual_size());
         add_lines(data_.header_comments);
         add_directives();
         add_method_line();
@@ -42,6 +43,20 @@ public:
     }
 
 private:
+    // A guess that most texts stay within, so that the text is made in one piece.
+    std::size_t usual_size() const {
+        constexpr std::size_t name = 12;
+        constexpr std::size_t line = 32;
+        constexpr std::size_t atom_line = 2 + 2 + 3 * (1 + 4 + coordinate_decimals) + 1;
+        std::size_t size = data_.method_tokens.size() * name + data_.directives.size() * 2 * name +
+                           (data_.header_comments.size() + data_.preserved_lines.size() + 1) * line;
+        for (const Section& section : data_.sections) {
+            size += line + section.atoms.size() * atom_line + section.entries.size() * 2 * name +
+                    section.raw_lines.size() * line;
+        }
+        return size;
+    }
+
     void add_lines(const std::vector<std::string>& lines) {
         for (const std::string& line : lines) {
             text_ += line;
@@ -119,8 +134,6 @@ private:
     }
 
     void add_atoms(const Section& section) {
-        constexpr std::size_t usual_line = 2 + 2 + 3 * (1 + 4 + coordinate_decimals) + 1;
-        text_.reserve(text_.size() + section.atoms.size() * usual_line);
         for (const AtomRecord& atom : section.atoms) {
             add_atom(atom);
         }
