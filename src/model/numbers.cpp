@@ -116,24 +116,6 @@ std::optional<double> read_real(std::string_view text) {
     return read_with_c_library(with_e);
 }
 
-std::optional<double> take_real(std::string_view& rest, const char* readable_end) {
-    std::size_t begin = 0;
-    while (begin < rest.size() && core::text::is_space(rest[begin])) {
-        ++begin;
-    }
-    rest.remove_prefix(begin);
-    if (readable_end - rest.data() >= static_cast<std::ptrdiff_t>(short_decimals::readable_size)) {
-        const ShortDecimal decimal = short_decimal(rest.data());
-        const bool whole_word =
-            decimal.size == rest.size() || (decimal.size < rest.size() && core::text::is_space(rest[decimal.size]));
-        if (decimal.size != 0 && whole_word) {
-            rest.remove_prefix(decimal.size);
-            return decimal.value;
-        }
-    }
-    return read_real(core::text::take_word(rest));
-}
-
 void append_fixed(std::string& out, double value, int decimals) {
     // Room for the longest double: sign, digits before the point, the point, decimals.
     constexpr std::size_t longest = 1 + std::numeric_limits<double>::max_exponent10 + 1 + 1;

@@ -18,10 +18,6 @@ std::optional<std::int64_t> read_int64(std::string_view text);
 // loses digits for being too small. Infinities and NaN are numbers here.
 std::optional<double> read_real(std::string_view text);
 
-// The same for the next word of `rest`, which is taken off it together with the white space before it. The bytes from
-// there to `readable_end`, which may lie behind `rest`, can be read.
-std::optional<double> take_real(std::string_view& rest, const char* readable_end);
-
 // Appends what printf prints for "%.*f" with that many decimals.
 void append_fixed(std::string& out, double value, int decimals);
 

@@ -10,6 +10,7 @@
 #include "model/geometry_names.hpp"
 #include "model/in_place.hpp"
 #include "model/numbers.hpp"
+#include "model/real_words.hpp"
 #include "parser/line.hpp"
 #include "parser/look_ahead.hpp"
 #include "parser/warnings.hpp"
@@ -163,18 +164,18 @@ private:
     }
 
     void read_atom(const Line& line, Section& section) {
-        std::string_view rest = line.text;
-        const std::string_view symbol = take_word(rest);
-        const std::optional<double> x = take_real(rest, text_end_);
-        const std::optional<double> y = x ? take_real(rest, text_end_) : std::nullopt;
-        const std::optional<double> z = y ? take_real(rest, text_end_) : std::nullopt;
-        if (!z) {
+        RealWords words(line.text, text_end_);
+        const std::string_view symbol = words.take_word();
+        double x = 0.0;
+        double y = 0.0;
+        double z = 0.0;
+        if (!words.take_real(x) || !words.take_real(y) || !words.take_real(z)) {
             section.raw_lines.emplace_back(line.raw);
             warn(warnings::invalid_xyz_record(line.number));
             return;
         }
         section.atoms.emplace_back(InPlace{
-            [&] { return AtomRecord{std::string(symbol), *x, *y, *z, std::string(line.raw), line.body_location()}; }});
+            [&] { return AtomRecord{std::string(symbol), x, y, z, std::string(line.raw), line.body_location()}; }});
     }
 
     void read_entry(const Line& line, Section& section, const SectionSpec* spec) {

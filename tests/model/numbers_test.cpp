@@ -14,8 +14,6 @@
 #include <random>
 #include <string_view>
 
-#include <velk/core/text_view.hpp>
-
 #include "support/locale_guard.hpp"
 
 namespace velk::input::amesp {
@@ -205,42 +203,6 @@ TEST(ReadReal, AgreesWithTheCLibraryOnDecimalsOfAllLengths) {
     for (int i = 0; i < 1000000; ++i) {
         expect_same_real(random_decimal(random));
     }
-}
-
-TEST(TakeReal, ReadsEachWordAsItReadsAlone) {
-    std::mt19937_64 random(24);
-    constexpr std::string_view blanks = " \t\v\f\r\n";
-    for (int i = 0; i < 300000; ++i) {
-        std::string text;
-        for (std::size_t n = random() % 4; n > 0; --n) {
-            const std::string word = i % 2 == 0 ? random_decimal(random) : real_texts[random() % std::size(real_texts)];
-            text += blanks[random() % blanks.size()] + word;
-        }
-        text += i % 3 == 0 ? " " : "";
-        std::string_view rest = text;
-        std::string_view left = text;
-        const char* const readable_end = text.data() + text.size();
-        while (!rest.empty()) {
-            const std::string word(core::text::take_word(left));
-            const std::optional<double> value = take_real(rest, readable_end);
-            const std::optional<double> expected = read_real(word);
-            ASSERT_EQ(rest, left) << text;
-            ASSERT_EQ(value.has_value(), expected.has_value()) << text;
-            if (value && !std::isnan(*value)) {
-                ASSERT_EQ(std::bit_cast<std::uint64_t>(*value), std::bit_cast<std::uint64_t>(*expected)) << text;
-            }
-        }
-    }
-}
-
-TEST(TakeReal, EndsWithTheTextAndNotWithWhatIsReadable) {
-    const std::string text = "1.25 2.5678 and more that can be read";
-    std::string_view rest = std::string_view(text).substr(0, 8);  // "1.25 2.5"
-    EXPECT_EQ(take_real(rest, text.data() + text.size()), 1.25);
-    EXPECT_EQ(rest, " 2.5");
-    EXPECT_EQ(take_real(rest, text.data() + text.size()), 2.5);
-    EXPECT_EQ(rest, "");
-    EXPECT_EQ(take_real(rest, text.data() + text.size()), std::nullopt);
 }
 
 TEST(ReadReal, ReadsTheSameInEveryLocaleAndLeavesItAlone) {
