@@ -50,6 +50,10 @@ const Case cases[] = {
     {"an unknown section", ">odd  X\nline\nend", "\n>odd X\n  line\nend\n"},
     {"bad atoms keep their text", ">xyz 0 1\nH 0\nH 1 2 3\nend",
      "\n>xyz 0 1\n  H 1.0000000000 2.0000000000 3.0000000000\n  H 0\nend\n"},
+    {"a long label", ">xyz 0 1\nH-of-the-seventeenth 1 -2 3e7\nend",
+     "\n>xyz 0 1\n  H-of-the-seventeenth 1.0000000000 -2.0000000000 30000000.0000000000\nend\n"},
+    {"coordinates of every size", ">xyz 0 1\nH 1e8 -2e20 3\nend",
+     "\n>xyz 0 1\n  H 100000000.0000000000 -200000000000000000000.0000000000 3.0000000000\nend\n"},
     {"line ends", "# t\r\n! hf\r\n>notes\r\na\r\n\r\nend\r\n", "# t\n! hf\n\n>notes\n  a\n\nend\n"},
 };
 
