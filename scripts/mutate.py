@@ -2,10 +2,11 @@
 """Changes the library in one place at a time and sees whether the tests notice.
 
 usage: mutate.py TESTS [--sample N | --all] [--seed S] [--only PATTERN] [--again REPORT] [--report REPORT]
+                 [--least PERCENT]
 
 TESTS is a build directory with built tests (the preset "gcc"). --sample tries N of the mutants, drawn by the seed, and
 --all every one. --only keeps the sources that a regular expression finds, --again the survivors of a report. The exit
-status is 1 when fewer than 95 % of the mutants are caught, the listed equivalents left out.
+status is 1 when less than --least percent (95) of the mutants are caught, the listed equivalents left out.
 """
 import argparse
 import collections
@@ -38,6 +39,7 @@ def arguments():
     parser.add_argument("--report")
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--build", default="build/mutation")
+    parser.add_argument("--least", type=float, default=95)
     return parser.parse_args()
 
 
@@ -142,14 +144,14 @@ class Run:
                 return
             self.record(mutant, *judged(workshop, self.sources, self.times, mutant))
 
-    def finish(self, equivalents):
+    def finish(self, equivalents, least):
         caught = self.results["caught"] + self.results["timeout"]
         valid = caught + self.results["survived"]
         share = 100 * caught / valid if valid else 100
         print(f"mutants: {valid}, caught: {caught} ({self.results['timeout']} by the time limit), "
               f"survived: {self.results['survived']}, caught share: {share:.1f} %; "
               f"not compiled: {self.results['invalid']}, listed as equivalent: {len(equivalents)}")
-        return share >= 95
+        return share >= least
 
 
 def main():
@@ -171,7 +173,7 @@ def main():
         thread.start()
     for thread in threads:
         thread.join()
-    return 0 if run.finish(equivalents) else 1
+    return 0 if run.finish(equivalents, options.least) else 1
 
 
 if __name__ == "__main__":
