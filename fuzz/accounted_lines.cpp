@@ -93,10 +93,12 @@ private:
         }
         const std::size_t places = directives_.take_located(index_) + (tokens_.take_located(index_) > 0 ? 1 : 0) +
                                    (comments_.take_text(line) || preserved_.take_text(line) ? 1 : 0);
-        if (core::text::trim(line).empty()) {
+        const std::string text = core::text::trim(line);
+        if (text.empty()) {
             return places == 0;
         }
-        return places == 1 || (places == 0 && is_warned_of());
+        const bool bare_marker = text == "%" || text == "!" || text == ">";
+        return places == (bare_marker ? 0 : 1) && (!bare_marker || is_warned_of());
     }
 
     bool is_warned_of() const { return std::find(warned_.begin(), warned_.end(), index_) != warned_.end(); }

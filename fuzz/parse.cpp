@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -63,8 +64,12 @@ void check_places(const AIPData& data, const Places& places) {
     for (const Directive& directive : data.directives) {
         require(places.at(directive.location).substr(0, 1) == "%", "a directive stands at its '%'");
     }
+    const char* behind_last = nullptr;
     for (const MethodToken& token : data.method_tokens) {
-        require(places.at(token.location) == token.text, "a token stands at its place", token.text);
+        const std::string_view place = places.at(token.location);
+        require(place == token.text, "a token stands at its place", token.text);
+        require(std::less_equal<>()(behind_last, place.data()), "a token stands behind the one before it", token.text);
+        behind_last = place.data() + place.size();
     }
     for (const Section& section : data.sections) {
         require(places.at(section.location).substr(0, 1) == ">", "a section stands at its '>'");

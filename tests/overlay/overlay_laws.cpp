@@ -20,9 +20,10 @@ std::string bits(double value) {
     return std::to_string(number);
 }
 
-// A carriage return at the very end of a text belongs to the last line, and to a line end once one is added.
-std::string without_carriage_return(std::string line) {
-    if (!line.empty() && line.back() == '\r') {
+// Carriage returns at the very end of a text belong to the last line; one of them is part of a line end once a line
+// feed is added.
+std::string without_carriage_returns(std::string line) {
+    while (!line.empty() && line.back() == '\r') {
         line.pop_back();
     }
     return line;
@@ -42,7 +43,7 @@ std::string described(const Section& section, bool known_only) {
     }
     // A new geometry takes over the comments of the old one.
     for (const std::string& line : section.name == "xyz" ? std::vector<std::string>() : section.raw_lines) {
-        text += "\n" + without_carriage_return(line);
+        text += "\n" + without_carriage_returns(line);
     }
     return text;
 }
