@@ -1,9 +1,9 @@
 // The rules that a document must satisfy, in the order in which they are reported.
-#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -28,7 +28,7 @@ public:
         : tables_(tables), required_of_(required_of), data_(data) {}
 
     std::vector<ValidationIssue> run() {
-        section_names_.reserve(data_.sections.size());
+        begin_counting_sections();
         check_method_line();
         check_directives();
         check_method_tokens();
@@ -48,6 +48,16 @@ private:
             return;
         }
         found_.insert(found_.end(), std::make_move_iterator(issues.begin()), std::make_move_iterator(issues.end()));
+    }
+
+    static bool is_counted(const SectionSpec& spec) { return spec.required || !spec.allow_multiple; }
+
+    void begin_counting_sections() {
+        for (const auto& [key, spec] : tables_.sections) {
+            if (is_counted(spec)) {
+                section_counts_.try_emplace(spec.name, 0);
+            }
+        }
     }
 
     void check_method_line() {
@@ -80,7 +90,9 @@ private:
     void check_section(const Section& section) {
         const Key key(section.name);
         const std::string_view name = queries::canonical(tables_.section_aliases, key);
-        section_names_.emplace_back(name);
+        if (const auto counted = section_counts_.find(name); counted != section_counts_.end()) {
+            ++counted->second;
+        }
         if (is_geometry_section(name)) {
             ++geometry_count_;
         }
@@ -144,16 +156,15 @@ private:
     }
 
     void check_section_specs() {
-        std::sort(section_names_.begin(), section_names_.end());
         for (const auto& [key, spec] : tables_.sections) {
-            if (!spec.required && spec.allow_multiple) {
+            if (!is_counted(spec)) {
                 continue;
             }
-            const auto [first, last] = std::equal_range(section_names_.begin(), section_names_.end(), spec.name);
-            if (spec.required && first == last) {
+            const std::uint64_t count = section_counts_.at(spec.name);
+            if (spec.required && count == 0) {
                 add(issues::missing_required_section(spec.name));
             }
-            if (!spec.allow_multiple && last - first > 1) {
+            if (!spec.allow_multiple && count > 1) {
                 add(issues::duplicate_section(spec.name));
             }
         }
@@ -163,7 +174,7 @@ private:
     const RequiredOf required_of_;
     const AIPData& data_;
     std::vector<ValidationIssue> found_;
-    std::vector<std::string> section_names_;  // canonical
+    std::unordered_map<std::string_view, std::uint64_t> section_counts_;  // of the names whose number is ruled
     std::uint64_t geometry_count_ = 0;
 };
 
