@@ -182,6 +182,16 @@ TEST(SetSectionEntry, UpdatesTheFirstOfThatNameInItsPlace) {
     EXPECT_EQ(editor.data().sections[0].entries[3], (SectionEntry{"odd", "", false, "", {}}));
 }
 
+TEST(SetSectionEntry, SpellsTheKeyOfTheEntryThatItFindsAsTheSchemaDoes) {
+    AIPData data = parse(">scf\nconv 1\nend");
+    data.sections[0].entries[0].key = "  CONV ";
+    AIPEditor editor(data, sample_schema());
+    editor.set_section_entry("scf", "Conv", "2");
+    ASSERT_EQ(editor.data().sections[0].entries.size(), 1U);
+    EXPECT_EQ(editor.data().sections[0].entries[0].key, "conv");
+    EXPECT_EQ(editor.data().sections[0].entries[0].value, "2");
+}
+
 TEST(SetSectionEntry, StoresInARawSectionWhatIsNotRendered) {
     AIPEditor editor = edit(">notes\nx\nend");
     const std::string before = editor.render();
