@@ -20,25 +20,12 @@ bool reads_as(const Overlay& overlay, std::string_view line, const Directive& wa
            overlay.schema.canonical_directive(read->name) == overlay.schema.canonical_directive(wanted.name);
 }
 
-std::string with_value(std::string_view line, std::string_view name, std::string_view value) {
-    const std::string_view old = trim_view(line.substr(offset_in(line, name) + name.size()));
-    if (value.empty()) {
-        const std::size_t name_end = offset_in(line, name) + name.size();
-        const std::size_t old_end = old.empty() ? name_end : offset_in(line, old) + old.size();
-        return with_part(line, line.substr(name_end, old_end - name_end), {});
-    }
-    if (old.empty()) {
-        return with_part(line, name, std::string(name) + ' ' + std::string(value));
-    }
-    return with_part(line, old, value);
-}
-
 void change(Overlay& overlay, const Directive& before, const Directive& after) {
     const std::string_view line = overlay.lines.raw(line_of(before));
     const auto replaced = [&](std::string_view base) {
         std::string_view rest = base.substr(static_cast<std::size_t>(before.location->column));
         const std::string_view name = take_word(rest);
-        return with_value(base, name, trim_view(after.value));
+        return with_value_behind(base, name, trim_view(after.value));
     };
     std::string text = replaced(line);
     if (!reads_as(overlay, text, after)) {

@@ -22,7 +22,7 @@ using core::text::trim_view;
 struct Parts {
     std::string_view indent;
     std::string_view key;
-    std::string_view separator;  // up to the value; without a value, up to and including the '=', if there is one
+    std::string_view separator;  // up to the value; without a value, up to where it would stand
     std::string_view value;
 };
 
@@ -33,7 +33,7 @@ Parts parts_of(std::string_view line) {
     Parts parts;
     parts.indent = line.substr(0, offset_in(line, text));
     parts.key = equals == std::string_view::npos ? take_word(rest) : trim_view(text.substr(0, equals));
-    rest = equals == std::string_view::npos ? rest : text.substr(equals + 1);
+    rest = equals == std::string_view::npos ? value_behind(rest) : text.substr(equals + 1);
     parts.value = trim_view(rest);
     const std::size_t key_end = offset_in(line, parts.key) + parts.key.size();
     const std::size_t stop = offset_in(line, parts.value.empty() ? rest : parts.value);
@@ -43,9 +43,11 @@ Parts parts_of(std::string_view line) {
 
 std::string with_value(std::string_view line, std::string_view value) {
     const Parts parts = parts_of(line);
-    const std::size_t key_end = offset_in(line, parts.key) + parts.key.size();
     const std::size_t equals = parts.separator.find('=');
-    const std::size_t begin = equals == std::string_view::npos ? key_end : key_end + equals + 1;
+    if (equals == std::string_view::npos) {
+        return with_value_behind(line, parts.key, value);
+    }
+    const std::size_t begin = offset_in(line, parts.key) + parts.key.size() + equals + 1;
     const std::size_t end = parts.value.empty() ? begin : offset_in(line, parts.value) + parts.value.size();
     if (!value.empty() && !parts.value.empty()) {
         return with_part(line, parts.value, value);
@@ -101,7 +103,9 @@ EntryStyle style_of(const Overlay& overlay, const std::vector<SectionEntry>& ent
     }
     style.indent = parts_of(overlay.lines.raw(line_of(entries.back()))).indent;
     const auto last = std::find_if(entries.rbegin(), entries.rend(), [&](const SectionEntry& entry) {
-        return !parts_of(overlay.lines.raw(line_of(entry))).value.empty();
+        const Parts parts = parts_of(overlay.lines.raw(line_of(entry)));
+        const bool is_plain = parts.separator.find_first_not_of(" \t=") == std::string_view::npos;
+        return is_plain && !parts.value.empty();
     });
     if (last == entries.rend()) {
         return style;

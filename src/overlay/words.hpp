@@ -8,6 +8,8 @@
 
 #include <velk/core/text_view.hpp>
 
+#include "parser/line.hpp"
+
 namespace velk::input::amesp::overlay {
 
 // The words of `line` from `offset` on, as views into it.
@@ -38,6 +40,24 @@ inline std::string with_part(std::string_view line, std::string_view part, std::
     result += text;
     result += line.substr(offset_in(line, part) + part.size());
     return result;
+}
+
+// `line` with another value behind `name`, a view into it. What stands in white space between the name and the value,
+// but for blanks, belongs to neither and stays.
+inline std::string with_value_behind(std::string_view line, std::string_view name, std::string_view value) {
+    using core::text::trim_view;
+    const std::size_t begin = offset_in(line, name);
+    const std::string_view old = trim_view(value_behind(line.substr(begin + name.size())));
+    if (old.empty() == value.empty()) {
+        return old.empty() ? std::string(line) : with_part(line, old, value);
+    }
+    const std::size_t stop = old.empty() ? line.size() : offset_in(line, old);
+    const std::string_view before = trim_view(line.substr(begin, stop - begin));
+    if (old.empty()) {
+        return with_part(line, before, std::string(before) + ' ' + std::string(value));
+    }
+    const std::size_t gap = begin + before.size();
+    return with_part(line, line.substr(gap, stop + old.size() - gap), {});
 }
 
 // `line` up to the end of `words`, with `wanted` in their place: word by word, so that white space stays; further ones

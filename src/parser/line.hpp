@@ -1,6 +1,7 @@
 // The lines of an input text and what kind each of them is.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -77,6 +78,13 @@ inline LineKind classify(std::string_view text) {
         default:
             return LineKind::other;
     }
+}
+
+// The value, with white space around it, in what follows the name in a line: it stands behind the first blank or tab.
+// Other white space ends a name, too, but begins no value.
+inline std::string_view value_behind(std::string_view name_end) {
+    const std::size_t blank = name_end.find_first_of(" \t");
+    return name_end.substr(blank == std::string_view::npos ? name_end.size() : blank + 1);
 }
 
 inline bool is_section_end(std::string_view text) {

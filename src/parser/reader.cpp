@@ -68,7 +68,7 @@ private:
             warn(warnings::empty_directive(line.number));
             return;
         }
-        Directive directive = records::make_directive(schema_, name, rest);
+        Directive directive = records::make_directive(schema_, name, value_behind(rest));
         if (directive.known || preserve_unknown_) {
             directive.location = line.location();
             data_.directives.push_back(std::move(directive));
@@ -187,6 +187,7 @@ private:
             value.remove_prefix(equals + 1);
         } else {
             key = take_word(value);
+            value = value_behind(value);
         }
         if (key.empty()) {
             section.raw_lines.emplace_back(line.raw);

@@ -89,6 +89,8 @@ TEST(Fmt, NeverLosesOrMovesContentWithoutSayingSo) {
         {"! hf\n>scf\n  my key = 5\nend\n" + geometry, ":3:3: error: The canonical text of this would be read", true},
         {"! hf\n>scf\n  note = a = b\nend\n" + geometry, ":3:3: error: The canonical text of this would be read", true},
         {"! hf\n>scf\n  end =\nend\n" + geometry, ": error: The canonical text of this would be read", true},
+        {"% maxcore\vx 5\n! hf\n" + geometry, ":1:1: error: Words between a name and its value", true},
+        {"! hf\n>scf\n  guess\rcore\nend\n" + geometry, ":3:3: error: Words between a name and its value", true},
         {"! hf\n>xyz 0 1\n  He 0 0 0.12345678901\nend\n", ":3:3: warning: Coordinates would be rounded", false},
         {"! hf\n>scf\n # c\n  conv 1\nend\n" + geometry, ":3:2: warning: This line would be moved to the end of its",
          false},

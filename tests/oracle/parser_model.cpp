@@ -58,7 +58,7 @@ private:
         }
         Directive directive;
         directive.name = schema_.canonical_directive(words[0]);
-        directive.value = behind_first_word(content);
+        directive.value = behind_first_blank(content);
         directive.known = schema_.is_known_directive(directive.name);
         directive.location = SourceLocation{index_, raw.find('%') + 1, t.size()};
         if (directive.known || preserve_unknown_) {
@@ -172,7 +172,7 @@ private:
             entry.value = trim(t.substr(equals + 1));
         } else {
             name = words_of(t)[0];
-            entry.value = behind_first_word(t);
+            entry.value = behind_first_blank(t);
         }
         if (name.empty()) {
             section.raw_lines.push_back(raw);

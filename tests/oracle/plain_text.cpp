@@ -68,12 +68,13 @@ std::vector<std::string> words_of(const std::string& text) {
     return words;
 }
 
-std::string behind_first_word(const std::string& text) {
-    std::string rest = trim(text);
-    while (!rest.empty() && !is_space(rest.front())) {
-        rest.erase(rest.begin());
+std::string behind_first_blank(const std::string& text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == ' ' || text[i] == '\t') {
+            return trim(text.substr(i + 1));
+        }
     }
-    return trim(rest);
+    return "";
 }
 
 bool starts_with(const std::string& text, const std::string& start) {

@@ -24,6 +24,9 @@ TEST(DirectiveLines, ChangeInTheBytesOfTheValueAlone) {
         {"no value any more", "% title  x y \n", set("title", ""), "% title \n"},
         {"a value that begins with =", "% title x\n", set("title", "= 0"), "% title = 0\n"},
         {"the first of two", "% title a\n% title b\n", set("title", "c"), "% title c\n% title b\n"},
+        {"a name that ends in no blank", "% title\vx y\n", set("title", "z"), "% title\vx z\n"},
+        {"a first value behind that", "% title\vx\n", set("title", "z"), "% title\vx z\n"},
+        {"no value behind that", "% title\vx y\n", set("title", ""), "% title\vx\n"},
         {"the same value", "% Title   a\n", set("title", "a"), "% Title   a\n"},
     });
 }

@@ -27,6 +27,9 @@ TEST(EntryLines, ChangeInTheBytesOfTheValueAlone) {
         {"of two sections the first", ">scf\nguess a\nend\n>scf\nguess b\nend\n", set("guess", "c"),
          ">scf\nguess c\nend\n>scf\nguess b\nend\n"},
         {"a key with blanks that is there", ">scf\nmy key = a\nend\n", set("my key", "b"), ">scf\nmy key = b\nend\n"},
+        {"a key that ends in no blank", ">scf\n guess\vx core\nend\n", set("guess", "sad"),
+         ">scf\n guess\vx sad\nend\n"},
+        {"a first value behind that", ">scf\n guess\vx\nend\n", set("guess", "sad"), ">scf\n guess\vx sad\nend\n"},
         {"the same value", ">scf\n  MaxIter=5\nend\n", set("maxcyc", "5"), ">scf\n  MaxIter=5\nend\n"},
     });
 }

@@ -176,7 +176,9 @@ TEST(Entries, AreReadWithBlanksOrAnEqualsSign) {
         {"note two=three", {"note two", "three", false, "note two=three", SourceLocation{2, 1, 14}}},
         {"note # no comment", {"note", "# no comment", true, "note # no comment", SourceLocation{2, 1, 17}}},
         {"a\tb", {"a", "b", false, "a\tb", SourceLocation{2, 1, 3}}},
-        {"a\rb c", {"a", "b c", false, "a\rb c", SourceLocation{2, 1, 5}}},
+        {"a\rb c", {"a", "c", false, "a\rb c", SourceLocation{2, 1, 5}}},
+        {"a\vb", {"a", "", false, "a\vb", SourceLocation{2, 1, 3}}},
+        {"a\f\tb", {"a", "b", false, "a\f\tb", SourceLocation{2, 1, 4}}},
         {"A\xc4=\0"s, {"a\xc4", "\0"s, false, "A\xc4=\0"s, SourceLocation{2, 1, 4}}},
     };
     for (const EntryCase& c : cases) {

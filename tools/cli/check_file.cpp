@@ -21,7 +21,7 @@ using namespace velk::input::amesp;
 std::string in_canonical_form(const std::string& text, const InputSchema& schema, const std::string& name) {
     const AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
     std::string rendered = editor.render();
-    if (!inexpressible(editor, rendered).empty()) {
+    if (!inexpressible(editor, text, rendered).empty()) {
         throw std::runtime_error("'" + name + "' is left as it is: canonical form would lose content");
     }
     return rendered;

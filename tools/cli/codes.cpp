@@ -21,8 +21,10 @@ constexpr auto codes = std::to_array<CodeInfo>({
      "! hf sto-3g\n%\n\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Remove the line, or complete it.", ""},
     {"amesp-inp.dropped_words", "error",
-     "Canonical text has no place for words after the coordinates of an atom, or after charge and multiplicity in the "
-     ">xyz header. They would be lost, and the file is refused.",
+     "Canonical text has no place for words after the coordinates of an atom, after charge and multiplicity in the "
+     ">xyz "
+     "header, or between a name and its value where other white space than blanks and tabs parts them. They would be "
+     "lost, and the file is refused.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0 frozen\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\n  # He: frozen\nend\n",
      "Move the words into a comment of their own, or format with --force.", ""},
     {"amesp-inp.moved_blank_lines", "warning", "Formatting would lay out blank lines anew.",

@@ -180,7 +180,7 @@ std::vector<Finding> new_errors(const std::string& before, const std::string& af
 int finish_edit(const EditOutput& output, const Input& input, const std::string& before, const AIPEditor& editor) {
     OverlayResult laid_over = output.canonical ? OverlayResult() : editor.render_over(before);
     const std::string after = output.canonical ? editor.render() : std::move(laid_over.text);
-    const std::vector<Finding> lost = output.canonical ? inexpressible(editor, after) : not_written(laid_over);
+    const std::vector<Finding> lost = output.canonical ? inexpressible(editor, before, after) : not_written(laid_over);
     const bool hopeless = output.canonical ? cannot_be_forced(lost) : !lost.empty();
     // What is lost has its place in the text before, errors have theirs in the text that would be written.
     const bool loses = report_findings(input, before, lost);

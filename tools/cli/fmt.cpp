@@ -39,7 +39,7 @@ int format_file(const FmtOptions& options, const Input& input, const InputSchema
     const std::string text = read_input(input);
     const AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
     const std::string rendered = editor.render();
-    const bool expressible = inexpressible(editor, rendered).empty();
+    const bool expressible = inexpressible(editor, text, rendered).empty();
     const std::string formatted = expressible ? settled(rendered, schema) : rendered;
     if (formatted == text && !options.check) {
         deliver(options.output, input, text, formatted);

@@ -22,7 +22,7 @@ int run_new(const NewOptions& options) {
     AIPEditor editor({}, schema);
     options.edits.apply(editor);
     const std::string name = options.output.path.empty() ? "<new>" : options.output.path;
-    std::vector<Finding> findings = inexpressible(editor, editor.render());
+    std::vector<Finding> findings = inexpressible(editor, {}, editor.render());
     for (const ValidationIssue& issue : editor.validate()) {
         findings.push_back({issue.severity, issue.code, issue.message, SourceLocation{}, {}, {}});
     }

@@ -36,6 +36,13 @@ bool same_atom(const AtomRecord& a, const AtomRecord& b) {
            same_number(rounded(a.z), b.z);
 }
 
+// Whether a line "name value" has words that are in neither: a name ends at any white space, a value begins behind a
+// blank or tab.
+bool hides_words(std::string_view line) {
+    take_word(line);
+    return !trim_view(line.substr(0, line.find_first_of(" \t"))).empty();
+}
+
 class Changes {
 public:
     Changes(const AIPEditor& editor, std::string_view rendered)
@@ -70,7 +77,8 @@ public:
         compare_comments();
     }
 
-    void add_dropped_words() {
+    void add_dropped_words(std::string_view text) {
+        add_hidden_words(SourceLines(text));
         for (const Section& section : data_.sections) {
             if (section.name == "xyz" && section.charge && section.multiplicity && section.arguments.size() > 2) {
                 lose(section.location, "amesp-inp.dropped_words",
@@ -88,6 +96,25 @@ public:
                 if (!same_number(atom.x, rounded(atom.x)) || !same_number(atom.y, rounded(atom.y)) ||
                     !same_number(atom.z, rounded(atom.z))) {
                     note(atom.location, "amesp-inp.rounded", "Coordinates would be rounded to ten decimals.");
+                }
+            }
+        }
+    }
+
+    void add_hidden_words(const SourceLines& lines) {
+        const auto lose_words = [&](const std::optional<SourceLocation>& location) {
+            lose(location, "amesp-inp.dropped_words", "Words between a name and its value would be lost.");
+        };
+        for (const Directive& directive : data_.directives) {
+            if (directive.location &&
+                hides_words(lines.line(directive.location->line).substr(directive.location->column))) {
+                lose_words(directive.location);
+            }
+        }
+        for (const Section& section : data_.sections) {
+            for (const SectionEntry& entry : section.entries) {
+                if (entry.raw_line.find('=') == std::string::npos && hides_words(entry.raw_line)) {
+                    lose_words(entry.location);
                 }
             }
         }
@@ -280,9 +307,9 @@ private:
 
 }  // namespace
 
-std::vector<Finding> inexpressible(const AIPEditor& editor, std::string_view rendered) {
+std::vector<Finding> inexpressible(const AIPEditor& editor, std::string_view text, std::string_view rendered) {
     Changes changes(editor, rendered);
-    changes.add_dropped_words();
+    changes.add_dropped_words(text);
     changes.compare();
     std::vector<Finding> found = changes.take();
     std::erase_if(found, [](const Finding& finding) { return finding.severity != IssueSeverity::Error; });
@@ -291,7 +318,7 @@ std::vector<Finding> inexpressible(const AIPEditor& editor, std::string_view ren
 
 std::vector<Finding> rendering_changes(const AIPEditor& editor, std::string_view text, std::string_view rendered) {
     Changes changes(editor, rendered);
-    changes.add_dropped_words();
+    changes.add_dropped_words(text);
     changes.compare();
     changes.add_repairs();
     changes.add_moved_lines(SourceLines(text), SourceLines(rendered));
