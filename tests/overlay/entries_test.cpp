@@ -53,6 +53,8 @@ TEST(EntryLines, GoWithTheirEntry) {
 
 TEST(EntryLines, AreAddedBehindTheLastInItsStyle) {
     expect_laid_over({
+        {"not like a line whose key ends in no blank", ">scf\n guess\vx core\nend\n", set("note", "y"),
+         ">scf\n guess\vx core\n note y\nend\n"},
         {"blanks", ">scf\n\tmaxcyc 1\n# c\nend\n", set("conv", "1"), ">scf\n\tmaxcyc 1\n\tconv 1\n# c\nend\n"},
         {"=", ">scf\n    maxcyc=1\nend\n", set("conv", "1"), ">scf\n    maxcyc=1\n    conv=1\nend\n"},
         {"= and blanks", ">scf\nmaxcyc = 1\nend\n", set("conv", "1"), ">scf\nmaxcyc = 1\nconv = 1\nend\n"},
