@@ -151,6 +151,9 @@ class Run:
         print(f"mutants: {valid}, caught: {caught} ({self.results['timeout']} by the time limit), "
               f"survived: {self.results['survived']}, caught share: {share:.1f} %; "
               f"not compiled: {self.results['invalid']}, listed as equivalent: {len(equivalents)}")
+        if self.results["invalid"] > valid:
+            print("most mutants do not compile: something else is wrong", file=sys.stderr)
+            return False
         return share >= least
 
 

@@ -72,8 +72,9 @@ class Workshop:
         self.commands = [line for line in output(["ninja", "-C", test_build, "-t", "commands"]).splitlines()]
 
     def translated(self, command):
-        return command.replace(self.library.source + "/", self.source + "/") \
-                      .replace(self.library.build + "/", self.build + "/")
+        # The build may lie inside the sources: the longer path is tried first.
+        places = {self.library.build + "/": self.build + "/", self.library.source + "/": self.source + "/"}
+        return re.sub("|".join(map(re.escape, places)), lambda found: places[found[0]], command)
 
     def run(self, command, directory):
         return subprocess.run(["/bin/sh", "-c", command], cwd=directory, stdout=subprocess.DEVNULL,

@@ -131,6 +131,19 @@ TEST(WriteTextFileAtomic, WritesThroughSymbolicLinks) {
     EXPECT_EQ(read_file(dir / "sub/target"), "newer");
 }
 
+TEST(WriteTextFileAtomic, FollowsFortySymbolicLinksAndNoMore) {
+    const TempDir dir;
+    write_file(dir / "0", "old");
+    for (int link = 1; link <= 41; ++link) {
+        std::filesystem::create_symlink(std::to_string(link - 1), dir / std::to_string(link));
+    }
+    EXPECT_FALSE(write_text_file_atomic(dir / "41", "new"));
+    EXPECT_EQ(read_file(dir / "0"), "old");
+    EXPECT_TRUE(write_text_file_atomic(dir / "40", "new"));
+    EXPECT_EQ(read_file(dir / "0"), "new");
+    EXPECT_EQ(dir.entry_count(), 42U);
+}
+
 TEST(WriteTextFileAtomic, RefusesWhatIsNoRegularFileAndLeavesItAlone) {
     const TempDir dir;
     std::filesystem::create_directory(dir / "directory");

@@ -118,6 +118,38 @@ TEST(NotWritten, IsWhatDoesNotGoWithTheText) {
     });
 }
 
+TEST(NotWritten, NamesTheListThatDoesNotGoWithTheText) {
+    const auto changed = [](auto edit) {
+        return laid_over("# c\n% a\n% b\n>scf\n  note a\n  conv 1\nend\n>opt\nend\n", [&](AIPEditor& editor) {
+            auto data = editor.data();
+            edit(data);
+            editor.set_data(data);
+        });
+    };
+    const auto message = [](const std::string& list) {
+        return list + " does not agree with the text to change; the text was left as it was.";
+    };
+    const auto entries = changed([](auto& d) { std::swap(d.sections[0].entries[0], d.sections[0].entries[1]); });
+    ASSERT_EQ(entries.problems.size(), 1U);
+    EXPECT_EQ(entries.problems[0].message, message("The list of entries of section '>scf'"));
+    EXPECT_EQ(entries.problems[0].location->line, 4U);
+    const auto directives = changed([](auto& d) { std::swap(d.directives[0], d.directives[1]); });
+    ASSERT_EQ(directives.problems.size(), 1U);
+    EXPECT_EQ(directives.problems[0].message, message("The list of directives"));
+    const auto sections = changed([](auto& d) { std::swap(d.sections[0], d.sections[1]); });
+    ASSERT_EQ(sections.problems.size(), 1U);
+    EXPECT_EQ(sections.problems[0].message, message("The list of sections"));
+    const auto comments = changed([](auto& d) { d.header_comments.clear(); });
+    ASSERT_EQ(comments.problems.size(), 1U);
+    EXPECT_EQ(comments.problems[0].message, message("The list of header comments"));
+    const auto kept = changed([](auto& d) { d.preserved_lines.push_back("# e"); });
+    ASSERT_EQ(kept.problems.size(), 1U);
+    EXPECT_EQ(kept.problems[0].message, message("The list of preserved lines"));
+    const auto raw = changed([](auto& d) { d.sections[0].raw_lines.push_back("# e"); });
+    ASSERT_EQ(raw.problems.size(), 1U);
+    EXPECT_EQ(raw.problems[0].message, message("The list of kept lines of section '>scf'"));
+}
+
 TEST(NotWritten, LeavesEveryOtherEditToBeWritten) {
     const auto result = laid_over("% title x\n! hf\n", [](AIPEditor& editor) {
         editor.set_directive("title", "a\nb");
