@@ -1,4 +1,5 @@
 // A geometry replaced in place.
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -57,6 +58,31 @@ TEST(Geometry, KeepsTheLinesOfAtomsThatDidNotChange) {
              "  O   0.0  0.0  0.1173   the apex\n" + bottom},
         {"none left", water, set({}), top + "\n" + bottom},
     });
+}
+
+TEST(Geometry, TakesTheLineOfEveryAtomAlongInAnyOrder) {
+    constexpr std::size_t count = 30;
+    std::vector<AtomRecord> atoms;
+    std::vector<std::string> lines;
+    for (std::size_t i = 0; i < count; ++i) {
+        atoms.push_back(atom("C", 0.5 * static_cast<double>(i), 0, 0));
+        lines.push_back("  C\t" + std::to_string(i / 2) + (i % 2 == 0 ? ".0" : ".5") + " 0 0  label " +
+                        std::to_string(i) + "\n");
+    }
+    const auto text_of = [](const std::vector<std::string>& body) {
+        std::string text = ">xyz 0 1\n";
+        for (const std::string& line : body) {
+            text += line;
+        }
+        return text + "end\n";
+    };
+    const std::string before = text_of(lines);
+    std::reverse(atoms.begin(), atoms.end());
+    std::reverse(lines.begin(), lines.end());
+    expect_laid_over({{"reversed", before, set(atoms), text_of(lines)}});
+    std::swap_ranges(atoms.begin(), atoms.begin() + count / 2, atoms.begin() + count / 2);
+    std::swap_ranges(lines.begin(), lines.begin() + count / 2, lines.begin() + count / 2);
+    expect_laid_over({{"halves of that swapped", before, set(atoms), text_of(lines)}});
 }
 
 TEST(Geometry, StandsWhereTheFirstOldOneStood) {
