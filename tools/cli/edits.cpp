@@ -152,9 +152,7 @@ std::vector<Finding> not_written(const OverlayResult& result) {
 // The text before is looked at only when the text after has errors at all.
 std::vector<Finding> new_errors(const std::string& before, const std::string& after, const InputSchema& schema) {
     std::vector<Finding> errors = find_all(after, schema);
-    errors.erase(std::remove_if(errors.begin(), errors.end(),
-                                [](const Finding& finding) { return finding.severity != IssueSeverity::Error; }),
-                 errors.end());
+    std::erase_if(errors, [](const Finding& finding) { return finding.severity != IssueSeverity::Error; });
     if (errors.empty()) {
         return errors;
     }
@@ -162,16 +160,9 @@ std::vector<Finding> new_errors(const std::string& before, const std::string& af
     for (const Finding& finding : find_all(before, schema)) {
         known.insert(finding.code + finding.message);
     }
-    errors.erase(std::remove_if(errors.begin(), errors.end(),
-                                [&](const Finding& finding) {
-                                    const auto old = known.find(finding.code + finding.message);
-                                    const bool is_old = old != known.end();
-                                    if (is_old) {
-                                        known.erase(old);
-                                    }
-                                    return is_old;
-                                }),
-                 errors.end());
+    std::erase_if(errors, [&](const Finding& finding) {
+        return !known.extract(finding.code + finding.message).empty();  // each one excuses one
+    });
     return errors;
 }
 

@@ -9,6 +9,7 @@
 #include <velk/input/amesp/parser.hpp>
 #include <velk/input/amesp/schema_tables.hpp>
 
+#include "line_marks.hpp"
 #include "name_hints.hpp"
 #include "records_at.hpp"
 #include "source_lines.hpp"
@@ -85,7 +86,7 @@ private:
     SourceLocation first_content() const {
         for (std::uint64_t number = 1; number <= lines_.count(); ++number) {
             const std::string_view text = velk::core::text::trim_view(lines_.line(number));
-            if (!text.empty() && text[0] != '#' && text[0] != ';' && !text.starts_with("//")) {
+            if (!text.empty() && !is_comment(text)) {
                 return lines_.text_of(number);
             }
         }
@@ -137,7 +138,7 @@ private:
     void explain_missing_end(Finding& finding) {
         for (std::uint64_t number = finding.location.line + 1; number <= lines_.count(); ++number) {
             const std::string_view text = velk::core::text::trim_view(lines_.line(number));
-            if (!text.empty() && (text[0] == '%' || text[0] == '!' || text[0] == '>')) {
+            if (is_marked(text)) {
                 finding.notes.push_back(
                     {"this line is read as part of the section; an 'end' was probably meant "
                      "before it",

@@ -6,6 +6,7 @@
 #include <vector>
 #include <velk/core/text_view.hpp>
 
+#include "line_marks.hpp"
 #include "source_lines.hpp"
 
 namespace amesp_inp {
@@ -14,14 +15,6 @@ namespace {
 using velk::core::text::take_word;
 using velk::core::text::trim_view;
 using velk::input::amesp::InputSchema;
-
-bool is_marker(std::string_view text) {
-    return text.starts_with('%') || text.starts_with('!') || text.starts_with('>');
-}
-
-bool is_comment(std::string_view text) {
-    return text.starts_with('#') || text.starts_with(';') || text.starts_with("//");
-}
 
 bool is_end(std::string_view text) {
     return text.size() == 3 && (text[0] | ' ') == 'e' && (text[1] | ' ') == 'n' && (text[2] | ' ') == 'd';
@@ -65,16 +58,16 @@ private:
     void find_what_reads_well() {
         for (std::uint64_t number = lines_.count(); number > 0; --number) {
             const std::string_view text = trim_view(lines_.line(number));
-            const bool has_place = text.empty() || is_comment(text) || is_marker(text);
+            const bool has_place = text.empty() || is_comment(text) || is_marked(text);
             reads_well_[number] = is_header(text) || (has_place && reads_well_[number + 1]);
         }
     }
 
     void read(std::uint64_t number, std::string_view text) {
-        if (open_ && is_marker(text) && !is_meant(number, text)) {
+        if (open_ && is_marked(text) && !is_meant(number, text)) {
             swallowed_ = true;
             unsure_ = unsure_ || reads_well_[number];
-        } else if (open_ && is_marker(text)) {
+        } else if (open_ && is_marked(text)) {
             missing_.push_back(*open_);
             open_.reset();
         }

@@ -10,6 +10,7 @@
 #include <velk/core/text_view.hpp>
 #include <velk/input/amesp/parser.hpp>
 
+#include "line_marks.hpp"
 #include "numbers.hpp"
 #include "source_lines.hpp"
 
@@ -261,18 +262,16 @@ private:
         std::vector<std::uint64_t> kept;  // lines that wait for a record after them
         for (const std::uint64_t number : top_level_lines(data_, lines)) {
             const std::string_view text = trim_view(lines.line(number));
-            const bool is_comment = text.starts_with('#') || text.starts_with(';') || text.starts_with("//");
-            const bool is_record = text.starts_with('%') || text.starts_with('!') || text.starts_with('>');
-            if (is_record) {
+            if (is_marked(text)) {
                 for (const std::uint64_t moved : kept) {
                     note(lines.text_of(moved), "amesp-inp.moved_line",
                          "This line would be moved to the end of the file.");
                 }
                 kept.clear();
-            } else if (!text.empty() && (!is_comment || content_seen)) {
+            } else if (!text.empty() && (!is_comment(text) || content_seen)) {
                 kept.push_back(number);
             }
-            content_seen = content_seen || (!text.empty() && !is_comment);
+            content_seen = content_seen || (!text.empty() && !is_comment(text));
         }
     }
 
