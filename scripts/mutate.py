@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """Changes the library in one place at a time and sees whether the tests notice.
 
-usage: mutate.py TESTS [--sample N | --all] [--seed S] [--only PATTERN] [--again REPORT] [--report REPORT]
+usage: mutate.py TESTS [--sample N | --all] [--seed S] [--only PATTERN] [--known REPORT] [--report REPORT]
                  [--least PERCENT]
 
 TESTS is a build directory with built tests (the preset "gcc"). --sample tries N of the mutants, drawn by the seed, and
---all every one. --only keeps the sources that a regular expression finds, --again the survivors of a report. The exit
-status is 1 when less than --least percent (95) of the mutants are caught, the listed equivalents left out.
+--all every one. --only keeps the sources that a regular expression finds. What a report says is caught or does not compile is
+not tried again under --known, but counts: after a change of code or tests only what is new or survived is tried. The exit status is 1 when less than --least percent (95) of the mutants are caught, the listed equivalents left out.
 """
 import argparse
 import collections
@@ -22,7 +22,8 @@ from mutation.equivalents import read_equivalents
 from mutation.mutants import line_of, mutants_of
 from mutation.workshop import Library, Workshop, output, times_of
 
-ROOMS = ["core", "model", "schema", "validation", "parser", "editor", "overlay", "faults", "oracle"]
+LAYERS = ["core", "model", "schema", "validation", "parser", "editor", "overlay"]  # each uses only those before it
+ROOMS = [*LAYERS, "oracle", "faults"]
 QUICK = 0.1  # seconds that a test of the first round may take
 SLOWEST = 3  # and that any test may take: growth is not what a changed operator is judged by
 LIST = "tests/mutation_equivalents.txt"
@@ -35,7 +36,7 @@ def arguments():
     parser.add_argument("--all", action="store_true")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--only", default="")
-    parser.add_argument("--again")
+    parser.add_argument("--known", action="append", default=[])
     parser.add_argument("--report")
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--build", default="build/mutation")
@@ -66,15 +67,20 @@ def chosen(sources, equivalents, options):
     mutants = [mutant for mutant in sources.mutants if re.search(options.only, mutant.path)]
     mutants = [mutant for mutant in mutants
                if not any(sources.key(mutant, text) in equivalents for text in mutant.texts)]
-    if options.again:
-        with open(options.again, encoding="utf-8") as file:
-            records = [json.loads(line) for line in file]
-        again = {(record["path"], record["before"], record["after"])
-                 for record in records if record["result"] == "survived"}
-        return [mutant for mutant in mutants if any(sources.key(mutant, text) in again for text in mutant.texts)]
     if options.all:
         return mutants
     return random.Random(options.seed).sample(mutants, min(options.sample, len(mutants)))
+
+
+def read_known(reports):
+    """What earlier runs found, but for the survivors: (source, line before, line after) to the record."""
+    known = {}
+    for report in reports:
+        with open(report, encoding="utf-8") as file:
+            for record in map(json.loads, file):
+                if record["result"] != "survived":
+                    known[record["path"], record["before"], record["after"]] = record
+    return known
 
 
 def measured(workshop):
@@ -91,12 +97,13 @@ def measured(workshop):
 
 
 def rounds(path, times):
-    """What to run, in turn, as (room, tests, seconds allowed): the quick tests of the room first, the slow ones last."""
+    """What to run, in turn, as (room, tests, seconds allowed): the quick tests of the own layer first, the slow ones last.
+    The tests of lower layers do not reach the mutant."""
     own = path.split("/")[1] if path.startswith("src/") else "core"
-    rooms = sorted(times, key=lambda room: (room != own, room in ("faults", "oracle")))
     for quick in (True, False):
-        for room in rooms:
-            tests = [test for test, seconds in times[room].items() if seconds < SLOWEST and (seconds < QUICK) == quick]
+        for room in ROOMS[ROOMS.index(own):]:
+            tests = [test for test, seconds in times.get(room, {}).items()
+                     if seconds < SLOWEST and (seconds < QUICK) == quick]
             if tests:
                 yield room, tests, 2 + int(4 * sum(times[room][test] for test in tests))
 
@@ -129,12 +136,14 @@ class Run:
     def record(self, mutant, result, text, room):
         path, before, after = self.sources.key(mutant, text)
         line = self.sources.text[path].count("\n", 0, mutant.begin) + 1
+        self.count({"path": path, "line": line, "before": before, "after": after, "result": result, "by": room})
+
+    def count(self, record):
         with self.lock:
-            self.results[result] += 1
-            print(json.dumps({"path": path, "line": line, "before": before, "after": after, "result": result,
-                              "by": room}), file=self.report, flush=True)
-            if result == "survived":
-                print(f"survived: {path}:{line}\n- {before}\n+ {after}\n", flush=True)
+            self.results[record["result"]] += 1
+            print(json.dumps(record), file=self.report, flush=True)
+            if record["result"] == "survived":
+                print("survived: {path}:{line}\n- {before}\n+ {after}\n".format(**record), flush=True)
 
     def work(self, workshop, mutants):
         while True:
@@ -168,9 +177,14 @@ def main():
     workshops = [Workshop(library, os.path.abspath(options.tests), f"{library.build}-{number}")
                  for number in range(options.jobs)]
     run = Run(sources, measured(workshops[0]), options)
+    known = read_known(options.known)
     mutants = queue.Queue()
     for mutant in chosen(sources, equivalents, options):
-        mutants.put(mutant)
+        records = [known[key] for text in mutant.texts if (key := sources.key(mutant, text)) in known]
+        if records:
+            run.count(records[0])
+        else:
+            mutants.put(mutant)
     threads = [threading.Thread(target=run.work, args=(workshop, mutants)) for workshop in workshops]
     for thread in threads:
         thread.start()
