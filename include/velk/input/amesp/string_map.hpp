@@ -128,40 +128,71 @@ private:
         iterator item;
     };
 
-    // Eight bytes at a time; the last ones may be read twice. Names are short: this is most of what a look-up costs.
-    static std::uint64_t hash(std::string_view key) noexcept {
-        constexpr std::size_t word = sizeof(std::uint64_t);
-        std::uint64_t mixed = key.size();
-        const char* place = key.data();
-        for (std::size_t left = key.size(); left > 0;) {
-            const std::size_t step = std::min(left, word);
+    // The first and the last bytes of a key, up to eight each, which may overlap: with its size, all of a short key.
+    struct Ends {
+        std::uint64_t first = 0;
+        std::uint64_t last = 0;
+
+        bool operator==(const Ends&) const = default;
+    };
+    static constexpr std::size_t short_key = 2 * sizeof(std::uint64_t);
+
+    template <class Integer>
+    static Ends read_ends(std::string_view key) noexcept {
+        Integer first = 0;
+        Integer last = 0;
+        std::memcpy(&first, key.data(), sizeof first);
+        std::memcpy(&last, key.data() + key.size() - sizeof last, sizeof last);
+        return {first, last};
+    }
+
+    static Ends ends_of(std::string_view key) noexcept {
+        if (key.size() >= sizeof(std::uint64_t)) {
+            return read_ends<std::uint64_t>(key);
+        }
+        if (key.size() >= sizeof(std::uint32_t)) {
+            return read_ends<std::uint32_t>(key);
+        }
+        if (key.size() >= sizeof(std::uint16_t)) {
+            return read_ends<std::uint16_t>(key);
+        }
+        return key.empty() ? Ends() : read_ends<std::uint8_t>(key);
+    }
+
+    static std::uint64_t mix(std::uint64_t mixed, std::uint64_t bytes) noexcept {
+        mixed = (mixed ^ bytes) * 0x9e3779b97f4a7c15U;
+        return mixed ^ mixed >> 32U;
+    }
+
+    // Names are short: this and the comparison are most of what a look-up costs.
+    static std::uint64_t hash(std::string_view key, const Ends& ends) noexcept {
+        std::uint64_t mixed = mix(mix(key.size(), ends.first), ends.last);
+        for (std::size_t place = sizeof(std::uint64_t); place + sizeof(std::uint64_t) < key.size();
+             place += sizeof(std::uint64_t)) {
             std::uint64_t bytes = 0;
-            if (key.size() >= word) {
-                std::memcpy(&bytes, place + step - word, word);
-            } else {
-                for (std::size_t i = 0; i < step; ++i) {
-                    bytes = bytes << 8U | static_cast<unsigned char>(place[i]);
-                }
-            }
-            mixed = (mixed ^ bytes) * 0x9e3779b97f4a7c15U;
-            mixed ^= mixed >> 32U;
-            place += step;
-            left -= step;
+            std::memcpy(&bytes, key.data() + place, sizeof bytes);
+            mixed = mix(mixed, bytes);
         }
         return mixed | 1U;
+    }
+    static std::uint64_t hash(std::string_view key) noexcept { return hash(key, ends_of(key)); }
+
+    static bool is_same(std::string_view known, std::string_view key, const Ends& ends) noexcept {
+        return key.size() <= short_key ? known.size() == key.size() && ends_of(known) == ends : known == key;
     }
 
     const Slot* find_slot(std::string_view key) const {
         if (slots_.empty()) {
             return nullptr;
         }
-        const std::uint64_t wanted = hash(key);
+        const Ends ends = ends_of(key);
+        const std::uint64_t wanted = hash(key, ends);
         for (std::size_t place = first_place(wanted);; place = next_place(place)) {
             const Slot& slot = slots_[place];
             if (slot.hash == 0) {
                 return nullptr;
             }
-            if (slot.hash == wanted && slot.item->first == key) {
+            if (slot.hash == wanted && is_same(slot.item->first, key, ends)) {
                 return &slot;
             }
         }
