@@ -13,10 +13,10 @@ namespace {
 __extension__ using Wide = unsigned __int128;  // 53 bits times 10^10 need 87
 
 constexpr std::uint64_t ten_to_8 = 100000000;
-constexpr std::uint64_t scale = 100 * ten_to_8;
+constexpr std::uint64_t scale = 10000000000;
 constexpr std::uint64_t mantissa_bits = std::numeric_limits<double>::digits - 1;
 constexpr std::uint64_t exponent_bias = 1023;
-constexpr std::uint64_t largest_exponent = exponent_bias + 25;  // below 2^26, so at most eight digits before the point
+constexpr std::uint64_t largest_exponent = exponent_bias + 18;  // below 2^19: with the decimals at most sixteen digits
 
 static_assert(std::numeric_limits<double>::is_iec559 && sizeof(double) == sizeof(std::uint64_t));
 
@@ -48,22 +48,6 @@ std::uint64_t eight_digits(std::uint64_t number) noexcept {
 
 constexpr std::uint64_t digit_zero = 0x3030303030303030;
 
-char* write_eight(char* out, std::uint64_t number) noexcept {
-    const std::uint64_t text = eight_digits(number) | digit_zero;
-    std::memcpy(out, &text, sizeof text);
-    return out + sizeof text;
-}
-
-// Without leading zeros. Writes eight bytes, of which those behind the returned end mean nothing.
-char* write_up_to_eight(char* out, std::uint64_t number) noexcept {
-    const std::uint64_t digits = eight_digits(number);
-    constexpr std::uint64_t last_digit = std::uint64_t{1} << 56;  // zero is written as one digit
-    const int zeros = std::countr_zero(digits | last_digit) / 8;
-    const std::uint64_t text = (digits | digit_zero) >> (8 * zeros);
-    std::memcpy(out, &text, sizeof text);
-    return out + (8 - zeros);
-}
-
 }  // namespace
 
 char* write_coordinate(char* out, double value) noexcept {
@@ -76,12 +60,22 @@ char* write_coordinate(char* out, double value) noexcept {
     *out = '-';
     out += bits >> 63;
     const std::uint64_t number = scaled(exponent, mantissa);
-    out = write_up_to_eight(out, number / scale);
+    // Six digits before the point and two behind it, then the other eight decimals. Eight bytes are written each time,
+    // of which the next ones cover what has no meaning.
+    const std::uint64_t upper = eight_digits(number / ten_to_8);
+    const std::uint64_t lower = eight_digits(number % ten_to_8) | digit_zero;
+    constexpr std::uint64_t last_before_point = std::uint64_t{1} << 40;  // zero is written as one digit
+    const int zeros = std::countr_zero(upper | last_before_point) / 8;
+    const std::uint64_t text = upper | digit_zero;
+    const std::uint64_t without_zeros = text >> (8 * zeros);
+    std::memcpy(out, &without_zeros, sizeof without_zeros);
+    out += 6 - zeros;
     *out++ = '.';
-    const std::uint64_t decimals = number % scale;
-    *out++ = static_cast<char>('0' + decimals / (10 * ten_to_8));
-    *out++ = static_cast<char>('0' + decimals / ten_to_8 % 10);
-    return write_eight(out, decimals % ten_to_8);
+    const auto decimals = static_cast<std::uint16_t>(text >> 48);
+    std::memcpy(out, &decimals, sizeof decimals);
+    out += sizeof decimals;
+    std::memcpy(out, &lower, sizeof lower);
+    return out + sizeof lower;
 }
 
 }  // namespace velk::input::amesp
