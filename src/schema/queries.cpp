@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "schema/required_entries.hpp"
+#include "schema/document_rules.hpp"
 
 namespace velk::input::amesp {
 namespace queries {
@@ -91,7 +91,7 @@ InputSchema::InputSchema() : InputSchema(nullptr) {}
 
 InputSchema::InputSchema(std::shared_ptr<const Impl> tables)
     : tables_(tables != nullptr ? std::move(tables) : std::make_shared<const Impl>()),
-      required_(std::make_shared<const RequiredEntries>(*tables_)) {}
+      rules_(std::make_shared<const DocumentRules>(*tables_)) {}
 
 bool InputSchema::empty() const {
     return tables_->directives.empty() && tables_->method_tokens.empty() && tables_->sections.empty();

@@ -3,7 +3,6 @@
 #include <iterator>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -12,23 +11,21 @@
 #include <velk/input/amesp/schema_tables.hpp>
 
 #include "model/geometry_names.hpp"
+#include "schema/document_rules.hpp"
 #include "schema/queries.hpp"
-#include "schema/required_entries.hpp"
 #include "validation/issues.hpp"
 #include "validation/values.hpp"
 
 namespace velk::input::amesp {
 namespace {
 
-// `required_of` gives the entries that a section must hold.
-template <class RequiredOf>
+template <class Rules>
 class Validator {
 public:
-    Validator(const InputSchema::Impl& tables, RequiredOf required_of, const AIPData& data)
-        : tables_(tables), required_of_(required_of), data_(data) {}
+    Validator(const InputSchema::Impl& tables, const Rules& rules, const AIPData& data)
+        : tables_(tables), rules_(rules), data_(data), section_counts_(rules.counters.size()) {}
 
     std::vector<ValidationIssue> run() {
-        begin_counting_sections();
         check_method_line();
         check_directives();
         check_method_tokens();
@@ -48,16 +45,6 @@ private:
             return;
         }
         found_.insert(found_.end(), std::make_move_iterator(issues.begin()), std::make_move_iterator(issues.end()));
-    }
-
-    static bool is_counted(const SectionSpec& spec) { return spec.required || !spec.allow_multiple; }
-
-    void begin_counting_sections() {
-        for (const auto& [key, spec] : tables_.sections) {
-            if (is_counted(spec)) {
-                section_counts_.try_emplace(spec.name, 0);
-            }
-        }
     }
 
     void check_method_line() {
@@ -90,8 +77,8 @@ private:
     void check_section(const Section& section) {
         const Key key(section.name);
         const std::string_view name = queries::canonical(tables_.section_aliases, key);
-        if (const auto counted = section_counts_.find(name); counted != section_counts_.end()) {
-            ++counted->second;
+        if (const std::size_t* const counter = queries::find(rules_.counters, name)) {
+            ++section_counts_[*counter];
         }
         if (is_geometry_section(name)) {
             ++geometry_count_;
@@ -125,7 +112,7 @@ private:
     void check_entries(const Section& section, std::string_view name) {
         const SectionSpec& spec = *queries::find(tables_.sections, name);
         const SectionSpec* const names = queries::find_section(tables_, name);
-        const std::vector<const ValueSpec*>& required = required_of_(spec);
+        const std::vector<const ValueSpec*>& required = rules_.required_entries(spec);
         std::unordered_set<std::string> present;
         for (const SectionEntry& entry : section.entries) {
             const Key key(entry.key);
@@ -156,34 +143,29 @@ private:
     }
 
     void check_section_specs() {
-        for (const auto& [key, spec] : tables_.sections) {
-            if (!is_counted(spec)) {
-                continue;
+        for (const auto& [spec, counter] : rules_.counted_sections) {
+            const std::uint64_t count = section_counts_[counter];
+            if (spec->required && count == 0) {
+                add(issues::missing_required_section(spec->name));
             }
-            const std::uint64_t count = section_counts_.at(spec.name);
-            if (spec.required && count == 0) {
-                add(issues::missing_required_section(spec.name));
-            }
-            if (!spec.allow_multiple && count > 1) {
-                add(issues::duplicate_section(spec.name));
+            if (!spec->allow_multiple && count > 1) {
+                add(issues::duplicate_section(spec->name));
             }
         }
     }
 
     const InputSchema::Impl& tables_;
-    const RequiredOf required_of_;
+    const Rules& rules_;
     const AIPData& data_;
     std::vector<ValidationIssue> found_;
-    std::unordered_map<std::string_view, std::uint64_t> section_counts_;  // of the names whose number is ruled
+    std::vector<std::uint64_t> section_counts_;  // by the counters of the rules
     std::uint64_t geometry_count_ = 0;
 };
 
 }  // namespace
 
 std::vector<ValidationIssue> InputSchema::validate(const AIPData& data) const {
-    return Validator(
-               *tables_, [this](const SectionSpec& spec) -> const auto& { return required_->of(spec); }, data)
-        .run();
+    return Validator(*tables_, *rules_, data).run();
 }
 
 }  // namespace velk::input::amesp

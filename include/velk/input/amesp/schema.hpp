@@ -71,10 +71,10 @@ public:
     const Impl& tables() const noexcept { return *tables_; }
 
 private:
-    struct RequiredEntries;
+    struct DocumentRules;
 
-    std::shared_ptr<const Impl> tables_;               // never null
-    std::shared_ptr<const RequiredEntries> required_;  // drawn from the tables; never null
+    std::shared_ptr<const Impl> tables_;          // never null
+    std::shared_ptr<const DocumentRules> rules_;  // drawn from the tables; never null
 };
 
 // The path of the schema file: the environment variable VELK_AMESP_INP_SCHEMA_YAML if it names a regular file, else
