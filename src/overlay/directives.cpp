@@ -22,20 +22,25 @@ bool reads_as(const Overlay& overlay, std::string_view line, const Directive& wa
 
 void change(Overlay& overlay, const Directive& before, const Directive& after) {
     const std::string_view line = overlay.lines.raw(line_of(before));
-    const auto replaced = [&](std::string_view base) {
-        std::string_view rest = base.substr(static_cast<std::size_t>(before.location->column));
-        const std::string_view name = take_word(rest);
-        return with_value_behind(base, name, trim_view(after.value));
+    const auto name_in = [&](std::string_view text) {
+        std::string_view rest = text.substr(static_cast<std::size_t>(before.location->column));
+        return take_word(rest);
     };
-    std::string text = replaced(line);
-    if (!reads_as(overlay, text, after)) {
-        std::string_view rest = line.substr(static_cast<std::size_t>(before.location->column));
-        text = replaced(with_part(line, take_word(rest), overlay.schema.canonical_directive(after.name)));
+    const auto with_value = [&](std::string_view text) {
+        return with_value_behind(text, name_in(text), trim_view(after.value));
+    };
+    const auto replaced_by = [&](std::string text) {
+        if (!reads_as(overlay, text, after)) {
+            return false;
+        }
+        overlay.patch.replace(line_of(before), std::move(text));
+        return true;
+    };
+    if (replaced_by(with_value(line)) ||
+        replaced_by(with_value(with_part(line, name_in(line), overlay.schema.canonical_directive(after.name))))) {
+        return;
     }
-    if (!reads_as(overlay, text, after)) {
-        return overlay.problems.cannot_write("Directive '" + after.name + "'", after.location);
-    }
-    overlay.patch.replace(line_of(before), std::move(text));
+    overlay.problems.cannot_write("Directive '" + after.name + "'", after.location);
 }
 
 std::string new_line(const Overlay& overlay, const Directive& directive) {

@@ -1,6 +1,5 @@
 // The lines of key-value sections.
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include <velk/core/text_view.hpp>
@@ -85,12 +84,17 @@ void change_line(Overlay& overlay, const SectionChange& change, const SectionEnt
     const std::string_view line = overlay.lines.raw(line_of(before));
     const Parts parts = parts_of(line);
     const std::string_view value = trim_view(after.value);
-    const std::string renamed = with_part(line, parts.key, after.key);
-    for (std::string& text : std::array{with_value(line, value), with_equals(parts.indent, parts.key, value),
-                                        with_value(renamed, value), with_equals(parts.indent, after.key, value)}) {
-        if (reads_as(overlay, change.opening, text, after)) {
-            return overlay.patch.replace(line_of(before), text);
+    const auto replaced_by = [&](std::string text) {
+        if (!reads_as(overlay, change.opening, text, after)) {
+            return false;
         }
+        overlay.patch.replace(line_of(before), std::move(text));
+        return true;
+    };
+    if (replaced_by(with_value(line, value)) || replaced_by(with_equals(parts.indent, parts.key, value)) ||
+        replaced_by(with_value(with_part(line, parts.key, after.key), value)) ||
+        replaced_by(with_equals(parts.indent, after.key, value))) {
+        return;
     }
     overlay.problems.cannot_write(name_of(change, after), after.location);
 }
@@ -144,12 +148,11 @@ std::string entry_line(const Overlay& overlay, std::string_view opening, const S
         same_style += separator_for(key, style);
         same_style += value;
     }
-    for (std::string& line : std::array{same_style, with_equals(style.indent, key, value)}) {
-        if (reads_as(overlay, opening, line, entry)) {
-            return line;
-        }
+    if (reads_as(overlay, opening, same_style, entry)) {
+        return same_style;
     }
-    return {};
+    std::string line = with_equals(style.indent, key, value);
+    return reads_as(overlay, opening, line, entry) ? line : std::string();
 }
 
 void lay_entries(Overlay& overlay, const SectionChange& change) {

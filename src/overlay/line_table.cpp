@@ -10,6 +10,8 @@
 namespace velk::input::amesp {
 
 LineTable::LineTable(std::string_view text) : text_(text) {
+    constexpr std::size_t usual_line = 32;
+    lines_.reserve(text.size() / usual_line);
     bool in_section = false;
     LineCursor cursor(text);
     for (Line line; cursor.next(line);) {

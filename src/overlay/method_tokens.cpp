@@ -39,6 +39,9 @@ public:
         : overlay_(overlay), before_(before), after_(after) {}
 
     void lay() {
+        if (before_.method_tokens == after_.method_tokens) {
+            return;
+        }
         const std::vector<std::string> old_keys = keys_of(before_);
         const std::vector<std::string> new_keys = keys_of(after_);
         if (old_keys == new_keys) {

@@ -64,12 +64,25 @@ void Patch::emit(std::string& out, const Insertion& insertion) const {
     out += end;
 }
 
+std::size_t Patch::longest_size() const {
+    constexpr std::size_t line_ends = 6;  // of the line before it, of a blank one, its own
+    std::size_t size = lines_.text().size();
+    for (const Insertion& insertion : insertions_) {
+        size += insertion.text.size() + line_ends;
+    }
+    for (const auto& [line, text] : replaced_) {
+        size += text.size();
+    }
+    return size;
+}
+
 std::string Patch::assemble() {
     std::stable_sort(insertions_.begin(), insertions_.end(), [](const Insertion& a, const Insertion& b) {
         return std::pair(a.slot, a.order) < std::pair(b.slot, b.order);
     });
     std::sort(replaced_.begin(), replaced_.end());
     std::string out;
+    out.reserve(longest_size());
     auto insertion = insertions_.begin();
     auto replacement = replaced_.begin();
     for (std::size_t line = 0;; ++line) {

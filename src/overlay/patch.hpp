@@ -45,6 +45,7 @@ private:
         std::string text;
     };
     std::string_view line_end_at(std::size_t slot) const;
+    std::size_t longest_size() const;
     void emit(std::string& out, const Insertion& insertion) const;
 
     const LineTable& lines_;
