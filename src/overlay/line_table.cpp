@@ -42,13 +42,9 @@ void LineTable::add_outer_line(std::string_view text, bool& in_section) {
     }
 }
 
-std::size_t LineTable::end_of(std::size_t line) const {
-    return line + 1 < lines_.size() ? lines_[line + 1].begin : text_.size();
-}
-
 std::string_view LineTable::line_end(std::size_t line) const {
     const std::size_t begin = lines_[line].begin + lines_[line].size;
-    return text_.substr(begin, end_of(line) - begin);
+    return text_.substr(begin, begin_of(line + 1) - begin);
 }
 
 const SectionLines& LineTable::section_at(std::size_t header) const {

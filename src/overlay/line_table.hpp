@@ -24,6 +24,8 @@ public:
     std::size_t size() const noexcept { return lines_.size(); }
     std::string_view raw(std::size_t line) const { return text_.substr(lines_[line].begin, lines_[line].size); }
     std::string_view line_end(std::size_t line) const;
+    // Where a line begins in the text; of the number of lines, where the text ends.
+    std::size_t begin_of(std::size_t line) const { return line < size() ? lines_[line].begin : text_.size(); }
 
     const std::vector<SectionLines>& sections() const noexcept { return sections_; }
     // The section whose header is that line, which must be one.
@@ -37,7 +39,6 @@ private:
         std::size_t size = 0;  // without the line end
     };
     void add_outer_line(std::string_view text, bool& in_section);
-    std::size_t end_of(std::size_t line) const;
 
     std::string_view text_;
     std::vector<Extent> lines_;

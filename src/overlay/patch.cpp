@@ -83,22 +83,35 @@ std::string Patch::assemble() {
     std::sort(replaced_.begin(), replaced_.end());
     std::string out;
     out.reserve(longest_size());
+    std::size_t copied = 0;  // of the old text, what stays in one piece goes over in one piece
+    const auto copy_up_to = [&](std::size_t line) {
+        const std::size_t begin = lines_.begin_of(line);
+        out += lines_.text().substr(copied, begin - copied);
+        copied = begin;
+    };
     auto insertion = insertions_.begin();
     auto replacement = replaced_.begin();
-    for (std::size_t line = 0;; ++line) {
+    for (std::size_t line = 0; line < lines_.size(); ++line) {
         for (; insertion != insertions_.end() && insertion->slot == line; ++insertion) {
+            copy_up_to(line);
             emit(out, *insertion);
         }
-        if (line == lines_.size()) {
-            return out;
-        }
         const bool replaced = replacement != replaced_.end() && replacement->first == line;
-        if (!dropped_[line]) {
-            out += replaced ? std::string_view(replacement->second) : lines_.raw(line);
+        if (replaced || dropped_[line]) {
+            copy_up_to(line);
+            copied = lines_.begin_of(line + 1);
+        }
+        if (replaced && !dropped_[line]) {
+            out += replacement->second;
             out += lines_.line_end(line);
         }
         replacement += replaced ? 1 : 0;
     }
+    copy_up_to(lines_.size());
+    for (; insertion != insertions_.end(); ++insertion) {
+        emit(out, *insertion);
+    }
+    return out;
 }
 
 }  // namespace velk::input::amesp
