@@ -104,7 +104,9 @@ private:
             warn(warnings::empty_section_header(header.number));
             return;
         }
-        Section section = records::make_section(schema_, name, {});
+        const Key key(name);
+        const queries::Match match = queries::match_section(schema_.tables(), key);
+        Section section = records::make_section(match, {});
         for (std::string_view word = take_word(rest); !word.empty(); word = take_word(rest)) {
             section.arguments.emplace_back(word);
         }
@@ -113,7 +115,7 @@ private:
             section.charge = read_int32(section.arguments[0]);
             section.multiplicity = read_int32(section.arguments[1]);
         }
-        read_body(section);
+        read_body(section, match.spec);
         if (!section.terminated) {
             warn(warnings::unterminated_section(header.number, section.name));
         }
@@ -123,8 +125,7 @@ private:
     }
 
     // Everything up to the end line belongs to the body, whatever it begins with.
-    void read_body(Section& section) {
-        const SectionSpec* const spec = queries::find_section(schema_.tables(), section.name);
+    void read_body(Section& section, const SectionSpec* spec) {
         make_room(section);
         Line line;
         while (lines_.next(line)) {

@@ -51,10 +51,16 @@ const ValueSpec* find_entry(const SectionSpec& section, std::string_view name) {
     return find(section.entries, canonical(section.entry_aliases, key));
 }
 
-EntryMatch match_entry(const SectionSpec& section, const Key& key) {
-    const std::string_view name = canonical(section.entry_aliases, key);
-    // Most names stand for themselves, and then nothing is left to resolve.
-    return {name, name == key.view() ? find(section.entries, name) : find_entry(section, name)};
+Match<ValueSpec> match_directive(const InputSchema::Impl& tables, const Key& key) {
+    return match(tables.directive_aliases, tables.directives, key);
+}
+
+Match<SectionSpec> match_section(const InputSchema::Impl& tables, const Key& key) {
+    return match(tables.section_aliases, tables.sections, key);
+}
+
+Match<ValueSpec> match_entry(const SectionSpec& section, const Key& key) {
+    return match(section.entry_aliases, section.entries, key);
 }
 
 TokenMatch match_method_token(const InputSchema::Impl& tables, std::string_view token) {

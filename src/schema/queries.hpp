@@ -25,12 +25,21 @@ const ValueSpec* find_directive(const InputSchema::Impl& tables, std::string_vie
 const SectionSpec* find_section(const InputSchema::Impl& tables, std::string_view name);
 const ValueSpec* find_entry(const SectionSpec& section, std::string_view name);
 
-// What a section's table makes of an entry's name; no value of an unknown one.
-struct EntryMatch {
-    std::string_view canonical;  // into the table or of the key's text
-    const ValueSpec* spec = nullptr;
+// What a table makes of a name: its canonical form and what is stored under the canonical form of that, or null.
+template <class Value>
+struct Match {
+    std::string_view canonical;  // into the table of aliases or of the key's text
+    const Value* spec = nullptr;
 };
-EntryMatch match_entry(const SectionSpec& section, const Key& key);
+template <class Value>
+Match<Value> match(const StringMap<std::string>& aliases, const StringMap<Value>& table, const Key& key) {
+    const std::string_view name = canonical(aliases, key);
+    // Most names stand for themselves, and then nothing is left to resolve.
+    return {name, find(table, name == key.view() ? name : canonical(aliases, Key(name)))};
+}
+Match<ValueSpec> match_directive(const InputSchema::Impl& tables, const Key& key);
+Match<SectionSpec> match_section(const InputSchema::Impl& tables, const Key& key);
+Match<ValueSpec> match_entry(const SectionSpec& section, const Key& key);
 
 // What the tables make of a method-line token.
 struct TokenMatch {

@@ -5,18 +5,14 @@
 
 #include <velk/core/text_view.hpp>
 
-#include "schema/queries.hpp"
-
 namespace velk::input::amesp::records {
 
 using core::text::trim_view;
 
 Directive make_directive(const InputSchema& schema, std::string_view name, std::string_view value) {
-    Directive directive;
-    directive.name = schema.canonical_directive(name);
-    directive.value = trim_view(value);
-    directive.known = schema.is_known_directive(directive.name);
-    return directive;
+    const Key key(name);
+    const queries::Match match = queries::match_directive(schema.tables(), key);
+    return {std::string(match.canonical), std::string(trim_view(value)), match.spec != nullptr, std::nullopt};
 }
 
 MethodToken make_method_token(const InputSchema& schema, std::string_view text) {
@@ -30,12 +26,17 @@ MethodToken make_method_token(const InputSchema& schema, std::string_view text) 
 }
 
 Section make_section(const InputSchema& schema, std::string_view name, std::vector<std::string> arguments) {
+    const Key key(name);
+    return make_section(queries::match_section(schema.tables(), key), std::move(arguments));
+}
+
+Section make_section(const queries::Match<SectionSpec>& match, std::vector<std::string> arguments) {
     Section section;
-    section.name = schema.canonical_section(name);
+    section.name = match.canonical;
     section.arguments = std::move(arguments);
-    if (const SectionSpec* const spec = queries::find_section(schema.tables(), section.name)) {
+    if (match.spec != nullptr) {
         section.known = true;
-        section.parse_mode = spec->parse_mode;
+        section.parse_mode = match.spec->parse_mode;
     }
     return section;
 }
@@ -43,7 +44,7 @@ Section make_section(const InputSchema& schema, std::string_view name, std::vect
 SectionEntry make_entry(const SectionSpec* section, std::string_view key, std::string_view value,
                         std::string_view raw_line, const std::optional<SourceLocation>& location) {
     const Key normalised(key);
-    queries::EntryMatch match{normalised.view(), nullptr};
+    queries::Match<ValueSpec> match{normalised.view(), nullptr};
     if (section != nullptr) {
         match = queries::match_entry(*section, normalised);
     }
