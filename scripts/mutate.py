@@ -5,8 +5,10 @@ usage: mutate.py TESTS [--sample N | --all] [--seed S] [--only PATTERN] [--known
                  [--least PERCENT]
 
 TESTS is a build directory with built tests (the preset "gcc"). --sample tries N of the mutants, drawn by the seed, and
---all every one. --only keeps the sources that a regular expression finds. What a report says is caught or does not compile is
-not tried again under --known, but counts: after a change of code or tests only what is new or survived is tried. The exit status is 1 when less than --least percent (95) of the mutants are caught, the listed equivalents left out.
+--all every one. --only keeps the sources that a regular expression finds. What the report of an earlier run, --known,
+says is caught or does not compile is not tried again, but counts: after a change of code or tests only what is new or
+survived is tried. The exit status is 1 when less than --least percent (95) of the mutants are caught, the listed
+equivalents left out.
 """
 import argparse
 import collections
@@ -18,7 +20,7 @@ import re
 import sys
 import threading
 
-from mutation.equivalents import read_equivalents
+from mutation.equivalents import ANY, read_equivalents
 from mutation.mutants import line_of, mutants_of
 from mutation.workshop import Library, Workshop, output, times_of
 
@@ -57,16 +59,20 @@ class Sources:
     def check(self, equivalents):
         """A listed mutant that does not exist any more has to leave the list."""
         made = {self.key(mutant, text) for mutant in self.mutants for text in mutant.texts}
+        made |= {(path, before, ANY) for path, before, after in made}
         stale = [entry for entry in equivalents if entry not in made]
         for path, before, after in stale:
             print(f"{LIST}: no such mutant any more: {path}\n- {before}\n+ {after}", file=sys.stderr)
         return not stale
 
+    def is_listed(self, mutant, equivalents):
+        keys = [self.key(mutant, text) for text in mutant.texts]
+        return any(key in equivalents or (*key[:2], ANY) in equivalents for key in keys)
+
 
 def chosen(sources, equivalents, options):
-    mutants = [mutant for mutant in sources.mutants if re.search(options.only, mutant.path)]
-    mutants = [mutant for mutant in mutants
-               if not any(sources.key(mutant, text) in equivalents for text in mutant.texts)]
+    mutants = [mutant for mutant in sources.mutants
+               if re.search(options.only, mutant.path) and not sources.is_listed(mutant, equivalents)]
     if options.all:
         return mutants
     return random.Random(options.seed).sample(mutants, min(options.sample, len(mutants)))
@@ -159,7 +165,7 @@ class Run:
         share = 100 * caught / valid if valid else 100
         print(f"mutants: {valid}, caught: {caught} ({self.results['timeout']} by the time limit), "
               f"survived: {self.results['survived']}, caught share: {share:.1f} %; "
-              f"not compiled: {self.results['invalid']}, listed as equivalent: {len(equivalents)}")
+              f"not compiled: {self.results['invalid']}, listed as equivalent: {equivalents}")
         if self.results["invalid"] > valid:
             print("most mutants do not compile: something else is wrong", file=sys.stderr)
             return False
@@ -190,7 +196,8 @@ def main():
         thread.start()
     for thread in threads:
         thread.join()
-    return 0 if run.finish(equivalents, options.least) else 1
+    listed = [mutant for mutant in sources.mutants if sources.is_listed(mutant, equivalents)]
+    return 0 if run.finish(len(listed), options.least) else 1
 
 
 if __name__ == "__main__":

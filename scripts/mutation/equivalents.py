@@ -1,8 +1,10 @@
 """The list of mutants that no test can tell from the code, each with its reason."""
 
+ANY = "*"  # as the line after: whatever is changed in the line before
+
 
 def read_equivalents(path):
-    """{(source, line before, line after): reason} of blocks of lines: the source, - before, + after, the reason."""
+    """{(source, line before, line after or ANY): reason} of blocks: the source, - before, + after, the reason."""
     known = {}
     with open(path, encoding="utf-8") as file:
         text = "\n".join(line.rstrip() for line in file if not line.startswith("#"))
