@@ -94,7 +94,10 @@ private:
         }
         text_ += '!';
         for (const MethodToken& token : data_.method_tokens) {
-            add_word(schema_.canonical_method_token(token.canonical.empty() ? token.text : token.canonical));
+            const Key key(token.canonical.empty() ? token.text : token.canonical);
+            const queries::TokenMatch match = queries::match_method_token(schema_.tables(), key);
+            add_word(match.prefix);
+            text_ += match.base;
         }
         text_ += '\n';
     }

@@ -63,17 +63,20 @@ Match<ValueSpec> match_entry(const SectionSpec& section, const Key& key) {
     return match(section.entry_aliases, section.entries, key);
 }
 
-TokenMatch match_method_token(const InputSchema::Impl& tables, std::string_view token) {
-    const Key key(token);
+TokenMatch match_method_token(const InputSchema::Impl& tables, const Key& key) {
     if (const std::string* const target = find(tables.method_token_aliases, key.view())) {
         const MethodSpec* const spec = find(tables.method_tokens, *target);
-        return {*target, spec != nullptr ? std::string_view(spec->category) : no_category, spec != nullptr};
+        return {{}, *target, spec != nullptr ? std::string_view(spec->category) : no_category, spec != nullptr};
     }
     const MethodSpec* base = nullptr;
     if (const MethodPrefixSpec* const prefix = find_prefix(tables, key.view(), base)) {
-        return {prefix->prefix + base->name, prefix->category, true};
+        return {prefix->prefix, base->name, prefix->category, true};
     }
-    return {std::string(key.view()), no_category, false};
+    return {{}, key.view(), no_category, false};
+}
+
+std::string TokenMatch::canonical() const {
+    return prefix.empty() ? std::string(base) : std::string(prefix).append(base);
 }
 
 }  // namespace queries
@@ -114,7 +117,8 @@ std::string InputSchema::canonical_section(std::string_view name) const {
 }
 
 std::string InputSchema::canonical_method_token(std::string_view token) const {
-    return queries::match_method_token(*tables_, token).canonical;
+    const Key key(token);
+    return queries::match_method_token(*tables_, key).canonical();
 }
 
 std::string InputSchema::canonical_entry(std::string_view section, std::string_view entry) const {
@@ -124,7 +128,8 @@ std::string InputSchema::canonical_entry(std::string_view section, std::string_v
 }
 
 std::string InputSchema::method_token_category(std::string_view token) const {
-    return std::string(queries::match_method_token(*tables_, token).category);
+    const Key key(token);
+    return std::string(queries::match_method_token(*tables_, key).category);
 }
 
 bool InputSchema::is_known_directive(std::string_view name) const {
@@ -136,7 +141,8 @@ bool InputSchema::is_known_section(std::string_view name) const {
 }
 
 bool InputSchema::is_known_method_token(std::string_view token) const {
-    return queries::match_method_token(*tables_, token).known;
+    const Key key(token);
+    return queries::match_method_token(*tables_, key).known;
 }
 
 bool InputSchema::is_known_entry(std::string_view section, std::string_view entry) const {

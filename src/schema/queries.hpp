@@ -41,12 +41,15 @@ Match<ValueSpec> match_directive(const InputSchema::Impl& tables, const Key& key
 Match<SectionSpec> match_section(const InputSchema::Impl& tables, const Key& key);
 Match<ValueSpec> match_entry(const SectionSpec& section, const Key& key);
 
-// What the tables make of a method-line token.
+// What the tables make of a method-line token. The views are into the tables, constants, or of the key's text.
 struct TokenMatch {
-    std::string canonical;
-    std::string_view category;  // into the tables, or a constant
+    std::string_view prefix;  // of the canonical form; empty but for a prefixed token
+    std::string_view base;    // the rest of the canonical form
+    std::string_view category;
     bool known = false;
+
+    std::string canonical() const;
 };
-TokenMatch match_method_token(const InputSchema::Impl& tables, std::string_view token);
+TokenMatch match_method_token(const InputSchema::Impl& tables, const Key& key);
 
 }  // namespace velk::input::amesp::queries

@@ -16,13 +16,9 @@ Directive make_directive(const InputSchema& schema, std::string_view name, std::
 }
 
 MethodToken make_method_token(const InputSchema& schema, std::string_view text) {
-    queries::TokenMatch match = queries::match_method_token(schema.tables(), text);
-    MethodToken token;
-    token.text = trim_view(text);
-    token.canonical = std::move(match.canonical);
-    token.category = match.category;
-    token.known = match.known;
-    return token;
+    const Key key(text);
+    const queries::TokenMatch match = queries::match_method_token(schema.tables(), key);
+    return {std::string(trim_view(text)), match.canonical(), std::string(match.category), match.known, std::nullopt};
 }
 
 Section make_section(const InputSchema& schema, std::string_view name, std::vector<std::string> arguments) {

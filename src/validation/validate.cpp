@@ -68,7 +68,8 @@ private:
     void check_method_tokens() {
         for (const MethodToken& token : data_.method_tokens) {
             const std::string& name = token.canonical.empty() ? token.text : token.canonical;
-            if (!queries::match_method_token(tables_, name).known) {
+            const Key key(name);
+            if (!queries::match_method_token(tables_, key).known) {
                 add(issues::unknown_method_token(name, token.location));
             }
         }
