@@ -28,10 +28,22 @@ std::uint64_t scaled(std::uint64_t exponent, std::uint64_t mantissa) noexcept {
     if (shift >= all_below_half) {
         return 0;
     }
-    const Wide exact = Wide{mantissa | (std::uint64_t{1} << mantissa_bits)} * scale;
-    const Wide odd = (exact >> shift) & 1;
-    const Wide just_below_half = (Wide{1} << (shift - 1)) - 1;
-    return static_cast<std::uint64_t>((exact + just_below_half + odd) >> shift);
+    // The point is to stand in the middle of the product: the scale has room for the bits that this takes, and what is
+    // too small for it loses bits that only say whether the rest is zero.
+    const std::uint64_t digits = mantissa | (std::uint64_t{1} << mantissa_bits);
+    constexpr std::uint64_t middle = 64;
+    Wide exact = 0;
+    if (shift <= middle) {
+        exact = Wide{digits} * (scale << (middle - shift));
+    } else {
+        exact = Wide{digits} * scale;
+        const Wide lost = exact & ((Wide{1} << (shift - middle)) - 1);
+        exact = (exact >> (shift - middle)) | (lost != 0 ? 1 : 0);
+    }
+    const auto whole = static_cast<std::uint64_t>(exact >> middle);
+    const auto rest = static_cast<std::uint64_t>(exact);
+    const std::uint64_t half_or_more = rest + ((std::uint64_t{1} << 63) - 1) + (whole & 1);
+    return whole + (half_or_more < rest ? 1 : 0);
 }
 
 // The eight decimal digits of a number below 10^8, as bytes 0 to 9, the first digit in the lowest byte: each step
