@@ -56,18 +56,16 @@ bool AIPEditor::remove_section(std::string_view name) {
 
 // The document changes only when nothing can fail any more: a section without its entry would be half an edit.
 void AIPEditor::set_section_entry(std::string_view section, std::string key, std::string value) {
-    Section made = make_section(std::string(section), {});
-    Section* const target = data_.find_section(made.name);
-    if (target == nullptr) {
-        made = made_once_more(*this, std::move(made));
-    }
-    SectionEntry entry = records::make_entry(queries::find_section(schema_.tables(), made.name), key, value);
-    if (target != nullptr) {
-        put_entry(*target, std::move(entry));
+    const Key wanted(section);
+    const queries::Match match = queries::match_section(schema_.tables(), wanted);
+    Section made = records::make_section(match, {});
+    if (Section* const target = data_.find_section(made.name)) {
+        put_entry(*target, records::make_entry(match.spec, key, value));
         refresh(*target, std::move(made));
         return;
     }
-    made.entries.push_back(std::move(entry));
+    made = made_once_more(*this, std::move(made));
+    made.entries.push_back(records::make_entry(queries::find_section(schema_.tables(), made.name), key, value));
     data_.sections.push_back(std::move(made));
 }
 

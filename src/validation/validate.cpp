@@ -1,9 +1,9 @@
 // The rules that a document must satisfy, in the order in which they are reported.
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -77,7 +77,8 @@ private:
 
     void check_section(const Section& section) {
         const Key key(section.name);
-        const std::string_view name = queries::canonical(tables_.section_aliases, key);
+        const queries::Match match = queries::match_section(tables_, key);
+        const std::string_view name = match.canonical;
         if (const std::size_t* const counter = queries::find(rules_.counters, name)) {
             ++section_counts_[*counter];
         }
@@ -95,7 +96,7 @@ private:
         if (name == xyz_section) {
             check_xyz(section);
         }
-        check_entries(section, name);
+        check_entries(section, *spec, match);
     }
 
     void check_xyz(const Section& section) {
@@ -110,26 +111,26 @@ private:
     }
 
     // The entries of a section are looked up as its name says once more: a canonical name may itself be an alias.
-    void check_entries(const Section& section, std::string_view name) {
-        const SectionSpec& spec = *queries::find(tables_.sections, name);
-        const SectionSpec* const names = queries::find_section(tables_, name);
+    void check_entries(const Section& section, const SectionSpec& spec, const queries::Match<SectionSpec>& names) {
+        const std::string_view name = names.canonical;
         const std::vector<const ValueSpec*>& required = rules_.required_entries(spec);
-        std::unordered_set<std::string> present;
+        std::vector<std::string> present;
         for (const SectionEntry& entry : section.entries) {
             const Key key(entry.key);
             const std::string_view entry_name =
-                names != nullptr ? queries::canonical(names->entry_aliases, key) : key.view();
+                names.spec != nullptr ? queries::canonical(names.spec->entry_aliases, key) : key.view();
             if (const ValueSpec* const value = queries::find(spec.entries, entry_name)) {
                 add_all(check_value(*value, entry.value, {entry_name, name}, entry.location));
             } else {
                 add(issues::unknown_entry(entry, name));
             }
             if (!required.empty()) {
-                present.emplace(entry_name);
+                present.emplace_back(entry_name);
             }
         }
+        std::sort(present.begin(), present.end());
         for (const ValueSpec* const value : required) {
-            if (!present.contains(value->name)) {
+            if (!std::binary_search(present.begin(), present.end(), value->name)) {
                 add(issues::missing_required_entry(name, value->name, section.location));
             }
         }
