@@ -16,8 +16,9 @@ using core::text::trim_view;
 
 bool reads_as(const Overlay& overlay, std::string_view line, const Directive& wanted) {
     const std::optional<Directive> read = read_directive(line, overlay.schema);
+    const auto canonical = [&](const std::string& name) { return overlay.schema.canonical_directive(name); };
     return read && read->value == trim_view(wanted.value) &&
-           overlay.schema.canonical_directive(read->name) == overlay.schema.canonical_directive(wanted.name);
+           (read->name == wanted.name || canonical(read->name) == canonical(wanted.name));
 }
 
 void change(Overlay& overlay, const Directive& before, const Directive& after) {

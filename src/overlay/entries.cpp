@@ -71,9 +71,10 @@ bool reads_as(const Overlay& overlay, std::string_view opening, std::string_view
     if (!section || section->entries.size() != 1 || !section->raw_lines.empty()) {
         return false;
     }
+    const auto canonical = [&](const std::string& key) { return overlay.schema.canonical_entry(section->name, key); };
     const SectionEntry& read = section->entries.front();
-    return read.value == trim_view(wanted.value) && overlay.schema.canonical_entry(section->name, read.key) ==
-                                                        overlay.schema.canonical_entry(section->name, wanted.key);
+    return read.value == trim_view(wanted.value) &&
+           (read.key == wanted.key || canonical(read.key) == canonical(wanted.key));
 }
 
 std::string name_of(const SectionChange& change, const SectionEntry& entry) {

@@ -13,13 +13,13 @@ LineTable::LineTable(std::string_view text) : text_(text) {
     constexpr std::size_t usual_line = 32;
     lines_.reserve(text.size() / usual_line);
     bool in_section = false;
-    LineCursor cursor(text);
-    for (Line line; cursor.next(line);) {
+    std::string_view rest = text;
+    for (std::string_view raw; core::text::take_line(rest, raw);) {
         const std::size_t index = lines_.size();
-        lines_.push_back({static_cast<std::size_t>(line.raw.data() - text.data()), line.raw.size()});
+        lines_.push_back({static_cast<std::size_t>(raw.data() - text.data()), raw.size()});
         if (!in_section) {
-            add_outer_line(line.text, in_section);
-        } else if (is_section_end(line.text)) {
+            add_outer_line(core::text::trim_view(raw), in_section);
+        } else if (ends_section(raw)) {
             sections_.back().stop = index;
             sections_.back().terminated = true;
             in_section = false;

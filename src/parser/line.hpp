@@ -93,4 +93,13 @@ inline bool is_section_end(std::string_view text) {
            to_lower(text[2]) == end[2];
 }
 
+// The same of a line as written: few lines need to be looked at as a whole.
+inline bool ends_section(std::string_view raw) {
+    std::size_t begin = 0;
+    while (begin < raw.size() && core::text::is_space(raw[begin])) {
+        ++begin;
+    }
+    return begin < raw.size() && to_lower(raw[begin]) == 'e' && is_section_end(core::text::trim_view(raw));
+}
+
 }  // namespace velk::input::amesp
