@@ -1,5 +1,6 @@
 // The lines of key-value sections.
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include <velk/core/text_view.hpp>
@@ -77,6 +78,11 @@ bool reads_as(const Overlay& overlay, std::string_view opening, std::string_view
            (read.key == wanted.key || canonical(read.key) == canonical(wanted.key));
 }
 
+// How the key may be written, in the order to be tried: as rendering would, then as given.
+std::array<std::string, 2> spellings(const Overlay& overlay, std::string_view section, std::string_view key) {
+    return {overlay.schema.canonical_entry(section, key), std::string(trim_view(key))};
+}
+
 std::string name_of(const SectionChange& change, const SectionEntry& entry) {
     return "Entry '" + entry.key + "' of section '>" + change.after.name + "'";
 }
@@ -92,20 +98,24 @@ void change_line(Overlay& overlay, const SectionChange& change, const SectionEnt
         overlay.patch.replace(line_of(before), std::move(text));
         return true;
     };
-    if (replaced_by(with_value(line, value)) || replaced_by(with_equals(parts.indent, parts.key, value)) ||
-        replaced_by(with_value(with_part(line, parts.key, after.key), value)) ||
-        replaced_by(with_equals(parts.indent, after.key, value))) {
+    if (replaced_by(with_value(line, value)) || replaced_by(with_equals(parts.indent, parts.key, value))) {
         return;
+    }
+    for (const std::string& key : spellings(overlay, change.after.name, after.key)) {
+        if (replaced_by(with_value(with_part(line, parts.key, key), value)) ||
+            replaced_by(with_equals(parts.indent, key, value))) {
+            return;
+        }
     }
     overlay.problems.cannot_write(name_of(change, after), after.location);
 }
 
 // What a line added to the section shall look like: its last line, and its last line with a value.
 EntryStyle style_of(const Overlay& overlay, const std::vector<SectionEntry>& entries) {
-    EntryStyle style;
     if (entries.empty()) {
-        return style;
+        return {};
     }
+    EntryStyle style;
     style.indent = parts_of(overlay.lines.raw(line_of(entries.back()))).indent;
     const auto last = std::find_if(entries.rbegin(), entries.rend(), [&](const SectionEntry& entry) {
         const Parts parts = parts_of(overlay.lines.raw(line_of(entry)));
@@ -134,11 +144,9 @@ std::string separator_for(std::string_view key, const EntryStyle& style) {
     return std::string(style.value_column > used ? style.value_column - used : 1, ' ') + std::string(rest);
 }
 
-}  // namespace
-
-std::string entry_line(const Overlay& overlay, std::string_view opening, const SectionEntry& entry,
-                       const EntryStyle& style) {
-    const std::string_view key = trim_view(entry.key);
+// With that spelling of the key; empty when it does not read back as the entry.
+std::string line_with_key(const Overlay& overlay, std::string_view opening, const SectionEntry& entry,
+                          const EntryStyle& style, std::string_view key) {
     const std::string_view value = trim_view(entry.value);
     if (std::any_of(key.begin(), key.end(), is_space)) {
         return {};  // would be another entry to everyone who does not look for the '='
@@ -154,6 +162,18 @@ std::string entry_line(const Overlay& overlay, std::string_view opening, const S
     }
     std::string line = with_equals(style.indent, key, value);
     return reads_as(overlay, opening, line, entry) ? line : std::string();
+}
+
+}  // namespace
+
+std::string entry_line(const Overlay& overlay, std::string_view opening, const Section& section,
+                       const SectionEntry& entry, const EntryStyle& style) {
+    for (const std::string& key : spellings(overlay, section.name, entry.key)) {
+        if (std::string line = line_with_key(overlay, opening, entry, style, key); !line.empty()) {
+            return line;
+        }
+    }
+    return {};
 }
 
 void lay_entries(Overlay& overlay, const SectionChange& change) {
@@ -184,7 +204,7 @@ void lay_entries(Overlay& overlay, const SectionChange& change) {
         if (!style) {
             style = style_of(overlay, before);
         }
-        std::string line = entry_line(overlay, change.opening, after[i], *style);
+        std::string line = entry_line(overlay, change.opening, change.after, after[i], *style);
         if (line.empty()) {
             overlay.problems.cannot_write(name_of(change, after[i]), after[i].location);
             continue;

@@ -59,8 +59,8 @@ struct EntryStyle {
     std::string_view separator = " ";
     std::size_t value_column = 0;  // 0: the separator is not padded
 };
-std::string entry_line(const Overlay& overlay, std::string_view opening, const SectionEntry& entry,
-                       const EntryStyle& style);
+std::string entry_line(const Overlay& overlay, std::string_view opening, const Section& section,
+                       const SectionEntry& entry, const EntryStyle& style);
 
 // The header line of a section; empty when none reads back as the section's name and arguments.
 std::string header_line(const Overlay& overlay, const Section& section);

@@ -42,6 +42,8 @@ TEST(ChangedRecords, PutTheirNewNameIntoTheirLine) {
         {"an entry, the value as it was", ">scf\n guess  a\nend\n", rename_entry("note", "a"), ">scf\n note  a\nend\n"},
         {"an entry that takes an equals sign", ">scf\n  guess   a\nend\n", rename_entry("note", "a=b"),
          ">scf\n  note = a=b\nend\n"},
+        {"an entry, another spelling", ">scf\n  Guess = a\nend\n", rename_entry(" MaxIter\n", "1"),
+         ">scf\n  maxcyc = 1\nend\n"},
         {"a section", " >  SCF a\nend\n", change([](AIPData& data) { data.sections[0].name = "opt"; }),
          " >  opt a\nend\n"},
     });
@@ -62,6 +64,21 @@ TEST(ChangedRecords, StandBeforeTheRecordThatFollowsThemInTheirList) {
              entries.insert(entries.begin(), {"guess", "x", true, "", {}});
          }),
          ">scf\n# c\n  guess x\n  conv 1\nend\n"},
+    });
+}
+
+TEST(ChangedRecords, AreSpelledAsRenderingSpellsThem) {
+    expect_laid_over({
+        {"a new entry", ">scf\nend\n", change([](AIPData& data) {
+             data.sections[0].entries.push_back({" MaxIter", "1", true, "", {}});
+         }),
+         ">scf\n  maxcyc 1\nend\n"},
+        {"an entry of a new section", "", change([](AIPData& data) {
+             data.sections.push_back({});
+             data.sections[0].name = "SCF";
+             data.sections[0].entries.push_back({"MaxIter", "1", true, "", {}});
+         }),
+         ">scf\n  maxcyc 1\nend\n"},
     });
 }
 
