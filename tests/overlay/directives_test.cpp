@@ -52,6 +52,7 @@ TEST(DirectiveLines, AreAddedBehindTheLastOne) {
         {"behind a section", ">scf\nend\n% nprocs 2\n", set("title", "x"), ">scf\nend\n% nprocs 2\n% title x\n"},
         {"a '%' line in a section is none", ">notes\n% a\nend\n! hf\n", set("title", "x"),
          ">notes\n% a\nend\n% title x\n! hf\n"},
+        {"a '>' line without a name begins no section", ">\n! hf\n", set("title", "x"), ">\n% title x\n! hf\n"},
         {"in order", "! hf\n",
          [](AIPEditor& editor) {
              editor.set_directive("a", "1");

@@ -52,6 +52,7 @@ TEST(Geometry, KeepsTheLinesOfAtomsThatDidNotChange) {
          top + "  He 1.0000000000 2.0000000000 3.0000000000\n" + o_line + h1_line + h2_line + bottom},
         {"the first at the end", water, set({h1, h2, o}),
          top + "\n" + h1_line + h2_line + "  O   0.0  0.0  0.1173   the apex\n" + bottom},
+        {"the last in front", water, set({h2, o, h1}), top + h2_line + o_line + h1_line + bottom},
         {"two that change places", water, set({o, h2, h1}), top + o_line + h2_line + h1_line + bottom},
         {"another order, and one that is new", water, set({h2, atom("He", 1, 2, 3), o}),
          top + "\n" + h2_line + "\tHe 1.0000000000 2.0000000000 3.0000000000\n" +
@@ -85,6 +86,42 @@ TEST(Geometry, TakesTheLineOfEveryAtomAlongInAnyOrder) {
     expect_laid_over({{"halves of that swapped", before, set(atoms), text_of(lines)}});
 }
 
+std::string xyz(const std::string& body) {
+    return ">xyz 0 1\n" + body + "end\n";
+}
+
+TEST(Geometry, ChangesAtomsInTheirLinesBetweenThoseThatStay) {
+    const std::string text =
+        xyz("  C 1 0 0  first\n  O 5 0 0  apex\n  C 2 0 0  second\n  N 6 0 0  base\n  C 3 0 0  third\n");
+    const AtomRecord apex = atom("O", 5, 0, 0);
+    const AtomRecord base = atom("N", 6, 0, 0);
+    const AtomRecord second = atom("C", 2.5, 0, 0);
+    const AtomRecord third = atom("C", 3.5, 0, 0);
+    const std::string rest =
+        "  O 5 0 0  apex\n  C 2.5000000000 0 0  second\n  N 6 0 0  base\n  C 3.5000000000 0 0  third\n";
+    expect_laid_over({
+        {"each", text, set({atom("C", 1.5, 0, 0), apex, second, base, third}),
+         xyz("  C 1.5000000000 0 0  first\n" + rest)},
+        {"with one less in front", text, set({apex, second, base, third}), xyz(rest)},
+    });
+}
+
+TEST(Geometry, LeavesEveryLineToItsAtomAmongEqualOnes) {
+    const std::string one = "  H 1 0 0  one\n";
+    const std::string two = "  H 1 0 0  two\n";
+    const std::string o = "  O 5 0 0  apex\n";
+    const std::string n = "  N 6 0 0  base\n";
+    const AtomRecord h_atom = atom("H", 1, 0, 0);
+    const AtomRecord o_atom = atom("O", 5, 0, 0);
+    const AtomRecord n_atom = atom("N", 6, 0, 0);
+    expect_laid_over({
+        {"the first stays", xyz(one + two + o), set({h_atom, o_atom, h_atom}), xyz(one + o + two)},
+        {"both move", xyz(one + two + o + n), set({o_atom, n_atom, h_atom, h_atom}), xyz(o + n + one + two)},
+        {"another becomes equal to one that stays", xyz(o + n), set({o_atom, o_atom}),
+         xyz(o + "  O 5.0000000000 0 0  base\n")},
+    });
+}
+
 TEST(Geometry, StandsWhereTheFirstOldOneStood) {
     const std::vector<AtomRecord> he{atom("He", 0, 0, 0)};
     const std::string line = "  He 0.0000000000 0.0000000000 0.0000000000\n";
@@ -98,6 +135,15 @@ TEST(Geometry, StandsWhereTheFirstOldOneStood) {
         {"further ones go", ">zmat\n# b\nH\nend\n>scf\nend\n>xyz 0 1\n# gone\nH 0 0 0\nend\n", set(he),
          ">xyz 0 1\n# b\n" + line + "end\n>scf\nend\n"},
         {"no atoms before", ">xyz 0 1\n# b\nend\n", set(he), ">xyz 0 1\n# b\n" + line + "end\n"},
+        {"neither atoms nor an end before", ">xyz 0 1\n# b\n", set(he), ">xyz 0 1\n# b\n" + line + "end\n"},
+        {"above the comments behind the first line that goes", ">zmat\nH\n# b\nH 1 0.7\nend\n", set(he),
+         ">xyz 0 1\n" + line + "# b\nend\n"},
+        {"below the header, whatever goes above it", "% title x\n>zmat\nH\nend\n",
+         [=](AIPEditor& editor) {
+             editor.remove_directive("title");
+             editor.set_xyz_geometry(0, 1, he);
+         },
+         ">xyz 0 1\n" + line + "end\n"},
         {"no end before", "! hf\n>xyz 0 1\nH 0 0 0\n%lost 1\n# kept\n", set(he),
          "! hf\n>xyz 0 1\nHe 0 0 0\n# kept\nend\n"},
         {"invalid lines go", ">xyz 0 1\nHe 0 0 0\nH 0 0\nend\n", set(he), ">xyz 0 1\nHe 0 0 0\nend\n"},

@@ -34,6 +34,7 @@ TEST(LineEnds, OfInsertedLinesAreThoseOfTheLineBefore) {
         {"at the top of a line without one", "! hf", directive("x"), "% title x\n! hf"},
         {"behind a last line without one", "! hf\r\n>opt\r\nend", section(),
          "! hf\r\n>opt\r\nend\r\n\r\n>scf\r\nend\r\n"},
+        {"behind a second line without one", "# a\r\n! hf", section(), "# a\r\n! hf\r\n\r\n>scf\r\nend\r\n"},
         {"behind an only line without one", "# a", directive("x"), "# a\n% title x\n"},
         {"behind a last carriage return", "! hf\r", section(), "! hf\r\n\r\n>scf\r\nend\r\n"},
     });

@@ -57,6 +57,7 @@ TEST(NotWritten, IsWhatNoLineReadsBackAs) {
         {"a new entry's key with a =", text, entry("scf", "a=b", "1"), text, code},
         {"an entry without a key", text, entry("scf", "", "1"), text, code},
         {"an entry that reads as a comment", text, entry("scf", "#a", "1"), text, code},
+        {"an entry that reads as an atom", ">xyz 0 1\nend\n", entry("xyz", "H", "0 0 0"), ">xyz 0 1\nend\n", code},
         {"an entry of a raw section", text, entry("notes", "a", "1"), text, code},
         {"a header argument with a blank", text, [](AIPEditor& editor) { editor.upsert_section("scf", {"a b"}); }, text,
          code},
@@ -88,6 +89,50 @@ TEST(NotWritten, IsWhatNoLineReadsBackAs) {
         {"a kept line that would end its section", "",
          [](AIPEditor& editor) { editor.upsert_section("notes", {}).raw_lines = {"End"}; }, ">notes\nend\n", code},
     });
+}
+
+struct Named {
+    std::string record;
+    std::string text;
+    Edit edit;
+};
+
+TEST(NotWritten, IsNamedInTheMessage) {
+    const std::string text = "% title x\n! hf\n>scf\n  note a\nend\n";
+    const auto sections = [](std::string name, std::vector<std::string> arguments, auto edit) {
+        return [=](AIPEditor& editor) { edit(editor.upsert_section(name, arguments)); };
+    };
+    const auto as_it_is = [](auto&) {};
+    const auto with_atom = [](auto& section) { section.atoms.push_back({"H", 0, 0, 0, "", {}}); };
+    const auto with_bad_atom = [](auto& section) { section.atoms.push_back({"", 0, 0, 0, "", {}}); };
+    const auto with_end = [](auto& section) { section.raw_lines = {"end"}; };
+    const Edit new_geometry = [](AIPEditor& editor) {
+        editor.set_xyz_geometry(0, 1, {});
+        editor.upsert_section("xyz", {}).raw_lines = {"end"};
+    };
+    const Named cases[] = {
+        {"Directive 'title'", text, directive("title", "a\nb")},
+        {"Directive 'nprocs'", text, directive("nprocs", "1\n2")},
+        {"Method-line token 'opt freq'", text, [](AIPEditor& editor) { editor.add_method_token("opt freq"); }},
+        {"The header of section '>scf'", text, sections("scf", {"a b"}, as_it_is)},
+        {"Section '>a b'", text, sections("a b", {}, as_it_is)},
+        {"Entry 'note' of section '>scf'", text, entry("scf", "note", "a\nb")},
+        {"Entry 'my key' of section '>scf'", text, entry("scf", "my key", "1")},
+        {"Entry 'my key' of section '>opt'", text, entry("opt", "my key", "1")},
+        {"The atoms of section '>scf'", text, sections("scf", {}, with_atom)},
+        {"The atoms of section '>opt'", text, sections("opt", {}, with_atom)},
+        {"Atom 2 of section '>xyz'", ">xyz 0 1\nH 0 0 0\nend\n", sections("xyz", {}, with_bad_atom)},
+        {"Atom 1 of section '>xyz'", text, sections("xyz", {}, with_bad_atom)},
+        {"A kept line of section '>notes'", text, sections("notes", {}, with_end)},
+        {"A kept line of section '>xyz'", ">xyz 0 1\nend\n", new_geometry},
+    };
+    for (const Named& c : cases) {
+        SCOPED_TRACE(c.record);
+        const auto result = laid_over(c.text, c.edit);
+        ASSERT_EQ(result.problems.size(), 1u);
+        EXPECT_EQ(result.problems[0].message,
+                  c.record + " cannot be written so that it reads back as itself; it was not written.");
+    }
 }
 
 TEST(NotWritten, IsWhatDoesNotGoWithTheText) {
@@ -148,6 +193,16 @@ TEST(NotWritten, NamesTheListThatDoesNotGoWithTheText) {
     const auto raw = changed([](auto& d) { d.sections[0].raw_lines.push_back("# e"); });
     ASSERT_EQ(raw.problems.size(), 1U);
     EXPECT_EQ(raw.problems[0].message, message("The list of kept lines of section '>scf'"));
+}
+
+TEST(NotWritten, LeavesTheEntriesBelowAHeaderToBeWritten) {
+    const auto result = laid_over(">SCF a\n  note x\nend\n", [](AIPEditor& editor) {
+        editor.upsert_section("scf", {"a b"});
+        editor.set_section_entry("scf", "note", "y");
+        editor.set_section_entry("scf", "conv", "1");
+    });
+    EXPECT_EQ(result.text, ">SCF a\n  note y\n  conv 1\nend\n");
+    EXPECT_EQ(result.problems.size(), 1u);
 }
 
 TEST(NotWritten, LeavesEveryOtherEditToBeWritten) {

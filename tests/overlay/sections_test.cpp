@@ -19,6 +19,7 @@ TEST(SectionLines, GoFromTheHeaderToTheEnd) {
     expect_laid_over({
         {"one", "# a\n\n>scf\n# b\n conv 1\nEnd\n# c\n", remove("scf"), "# a\n\n# c\n"},
         {"all of a name", ">notes\nx\nend\n! hf\n>NOTES\ny\nend\n", remove("notes"), "! hf\n"},
+        {"a name of one letter", ">a\nx\nend\n! hf\n", remove("a"), "! hf\n"},
         {"without an end", "! hf\n>scf\n conv 1\n", remove("scf"), "! hf\n"},
     });
 }

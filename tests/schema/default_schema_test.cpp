@@ -64,6 +64,20 @@ TEST_F(DefaultSchema, PathIsTheInstalledOneWhenTheUserHasNone) {
                                             VELK_BINARY_DIRECTORY "/share/velk/schemas/input/amesp.yaml"));
 }
 
+TEST_F(DefaultSchema, IsNeverTakenFromTheWorkingDirectory) {
+    const std::string installed = resolve_schema_path("");
+    for (const char* const name : {"schemas/input/amesp.yaml", "velk/schemas/input/amesp.yaml", "amesp.yaml"}) {
+        const std::string path = dir / "here/" + name;
+        std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+        write_file(path, "directives: {only-here: }");
+    }
+    EXPECT_IN_CHILD({
+        std::filesystem::current_path(dir / "here");
+        const bool holds = resolve_schema_path("") == installed && !default_schema().is_known_directive("only-here");
+        std::_Exit(holds ? 0 : 1);
+    });
+}
+
 TEST_F(DefaultSchema, IsLoadedOnceFromTheFileFound) {
     write_file(dir / "mine.yaml", "directives: {only-mine: }");
     EXPECT_IN_CHILD({

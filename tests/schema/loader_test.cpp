@@ -162,9 +162,10 @@ struct BoundCase {
 TEST(Loader, ReadsBoundsThatAreNumbersAndSkipsOthersInEveryLocale) {
     const double infinity = std::numeric_limits<double>::infinity();
     const BoundCase cases[] = {
-        {"1", 1.0},           {"-3", -3.0}, {"0.5", 0.5},  {"1e20", 1e20}, {"'2.5'", 2.5}, {".inf", infinity},
-        {"-.inf", -infinity}, {"word", {}}, {"'1,5'", {}}, {"''", {}},     {"[1]", {}},    {"1.2.3", {}},
-        {"1-2", {}},          {"-", {}},    {"1.5x", {}},  {"1 2", {}},    {"", {}},       {"{a: 1}", {}}};
+        {"1", 1.0},           {"-3", -3.0}, {"0.5", 0.5},  {"1e20", 1e20},  {"'2.5'", 2.5}, {".inf", infinity},
+        {"-.inf", -infinity}, {"word", {}}, {"'1,5'", {}}, {"''", {}},      {"[1]", {}},    {"1.2.3", {}},
+        {"1-2", {}},          {"-", {}},    {"1.5x", {}},  {"1 2", {}},     {"", {}},       {"{a: 1}", {}},
+        {"inf", {}},          {"-inf", {}}, {"nan", {}},   {"infinity", {}}};
     const auto check = [&] {
         for (const BoundCase& c : cases) {
             const std::string yaml = std::string("directives: {d: {min: ") + c.text + ", max: " + c.text + "}}";
@@ -242,6 +243,11 @@ TEST(Loader, FailsOnWhatIsNoYamlAndOnImpossibleConversions) {
         EXPECT_THAT(failure(yaml), StartsWith("failed to parse AMESP input schema YAML: ")) << yaml;
         EXPECT_GT(failure(yaml).size(), std::string("failed to parse AMESP input schema YAML: ").size()) << yaml;
     }
+}
+
+TEST(Loader, NamesTheKeyThatAScalarHasNot) {
+    EXPECT_THAT(failure("word"), HasSubstr("directives"));
+    EXPECT_THAT(failure("sections: {scf: word}"), HasSubstr("aliases"));
 }
 
 TEST(Loader, ReadsYamlBooleansInAllTheirSpellings) {

@@ -115,6 +115,13 @@ TEST(MethodTokens, FallBackToAShorterPrefixWhoseBaseIsKnown) {
     EXPECT_EQ(schema_of(tables).method_token_category("rolyp"), "restricted");
 }
 
+TEST(MethodTokens, AreNeverAPrefixAlone) {
+    InputSchema::Impl tables = method_tables();
+    tables.method_tokens[""] = {"", "method"};
+    EXPECT_FALSE(schema_of(tables).is_known_method_token("u"));
+    EXPECT_EQ(schema_of(tables).method_token_category("ro"), "other");
+}
+
 TEST(MethodTokens, TakeTheFirstPrefixInStoredOrder) {
     InputSchema::Impl tables = method_tables();
     tables.method_prefixes = {{"", "empty", "method"}, {"u", "first", "method"}, {"u", "second", "method"}};
