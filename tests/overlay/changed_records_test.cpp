@@ -106,6 +106,17 @@ TEST(ChangedRecords, AreSpelledAsTheyWereGivenWhereTheCanonicalFormReadsAsAnothe
     EXPECT_TRUE(result.problems.empty());
 }
 
+TEST(ChangedRecords, AreSpelledAsTheyWereGivenWhereTheCanonicalNameHoldsABlank) {
+    const auto schema = InputSchema::from_yaml(
+        "sections: {scf: {parse_mode: key_value, entries: {my key: {aliases: [mykey]}, note: }}}");
+    const std::string text = ">scf\n  note x\nend\n";
+    AIPData data = AIPParser::parse_string(text, schema, {true, false}).data;
+    data.sections[0].entries.push_back({"MyKey", "1", true, "", {}});
+    const auto result = AIPEditor(data, schema).render_over(text);
+    EXPECT_EQ(result.text, ">scf\n  note x\n  MyKey 1\nend\n");
+    EXPECT_TRUE(result.problems.empty());
+}
+
 TEST(ChangedRecords, KeepTheArgumentsOfASectionThatIsNoGeometryWithChargeAndMultiplicity) {
     const auto with_numbers = [](std::string name, std::optional<std::int32_t> charge,
                                  std::optional<std::int32_t> multiplicity) {
