@@ -70,8 +70,7 @@ bool is_symbol(std::string_view symbol) {
 
 // The line with the words that differ replaced; empty when that cannot be written.
 std::string changed_line(std::string_view line, const AtomRecord& before, const AtomRecord& after) {
-    std::vector<std::string_view> words = words_from(line, 0);
-    words.resize(4);
+    const std::vector<std::string_view> words = words_from(line, 0);
     std::vector<std::string> wanted(words.begin(), words.end());
     if (!is_symbol(after.symbol)) {
         return {};

@@ -37,7 +37,7 @@ void LineTable::add_outer_line(std::string_view text, bool& in_section) {
         first_method_line_ = index;
     }
     if (kind == LineKind::section_header && text.size() > 1) {  // trimmed, so there is a name
-        sections_.push_back({index, index, false});
+        sections_.push_back({index, index});
         in_section = true;
     }
 }

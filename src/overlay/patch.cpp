@@ -18,8 +18,9 @@ bool ends_with_blank_line(std::string_view text) {
 }  // namespace
 
 void Patch::drop(std::size_t first, std::size_t stop) {
-    std::fill(dropped_.begin() + static_cast<std::ptrdiff_t>(first),
-              dropped_.begin() + static_cast<std::ptrdiff_t>(stop), true);
+    for (std::size_t line = first; line < stop; ++line) {
+        drop(line);
+    }
 }
 
 void Patch::insert(std::size_t slot, InsertOrder order, std::string text) {

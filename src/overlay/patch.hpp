@@ -19,9 +19,10 @@ public:
     // `lines` must outlive the patch.
     explicit Patch(const LineTable& lines) : lines_(lines), dropped_(lines.size(), false) {}
 
-    void drop(std::size_t line) { dropped_[line] = true; }
+    // A line must be there: a subscript of a vector of bits is checked by nothing else, not even by assertions.
+    void drop(std::size_t line) { dropped_.at(line) = true; }
     void drop(std::size_t first, std::size_t stop);
-    bool drops(std::size_t line) const { return dropped_[line]; }
+    bool drops(std::size_t line) const { return dropped_.at(line); }
     void replace(std::size_t line, std::string text) { replaced_.emplace_back(line, std::move(text)); }
 
     // Puts a line before line number `slot`, or at the end when that is the number of lines. Lines inserted at one

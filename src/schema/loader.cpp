@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <iterator>
 #include <locale>
+#include <memory>
 #include <optional>
 #include <sstream>
 #include <stdexcept>
@@ -37,10 +38,10 @@ using Value = std::optional<YAML::Node>;
 // Subscripting would walk the mapping for each name, and make a text for each that is missing.
 template <std::size_t Count>
 std::array<Value, Count> values_under(const YAML::Node& body, const std::string_view (&names)[Count]) {
-    std::array<Value, Count> values;
     if (!body.IsMap()) {
-        return values;
+        return {};
     }
+    std::array<Value, Count> values;
     for (const auto& pair : body) {
         const auto* const name = pair.first.IsScalar()
                                      ? std::find(std::begin(names), std::end(names), pair.first.Scalar())
@@ -70,10 +71,10 @@ void read_flag(const Value& value, bool& flag) {
 }
 
 std::vector<std::string> read_string_list(const Value& value) {
-    std::vector<std::string> list;
     if (!value) {
-        return list;
+        return {};
     }
+    std::vector<std::string> list;
     if (value->IsScalar()) {
         list.push_back(read_key(*value));
     } else if (value->IsSequence()) {
@@ -101,7 +102,7 @@ std::optional<double> read_stream_double(const std::string& text) {
 // The same for plain decimals, which most bounds are, without a stream.
 std::optional<double> read_plain_double(const std::string& text) {
     double value = 0.0;
-    const char* const end = text.data() + text.size();
+    const char* const end = std::to_address(text.end());
     const auto [stop, error] = std::from_chars(text.data(), end, value, std::chars_format::fixed);
     const bool is_plain = text.find_first_not_of("-.0123456789") == std::string::npos;
     return is_plain && error == std::errc() && stop == end ? std::optional(value) : std::nullopt;
