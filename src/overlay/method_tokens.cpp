@@ -44,9 +44,6 @@ public:
         }
         const std::vector<std::string> old_keys = keys_of(before_);
         const std::vector<std::string> new_keys = keys_of(after_);
-        if (old_keys == new_keys) {
-            return;
-        }
         const auto old_key = [&](std::size_t i) -> const std::string& { return old_keys[i]; };
         const auto new_key = [&](std::size_t i) -> const std::string& { return new_keys[i]; };
         const auto same = [&](std::size_t old, std::size_t i) { return old_keys[old] == new_keys[i]; };
