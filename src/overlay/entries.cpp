@@ -79,8 +79,8 @@ bool reads_as(const Overlay& overlay, std::string_view opening, std::string_view
 }
 
 // How the key may be written, in the order to be tried: as rendering would, then as given.
-std::array<std::string, 2> spellings(const Overlay& overlay, std::string_view section, std::string_view key) {
-    return {overlay.schema.canonical_entry(section, key), std::string(trim_view(key))};
+auto spellings(const Overlay& overlay, std::string_view section, std::string_view key) {
+    return std::array{overlay.schema.canonical_entry(section, key), std::string(trim_view(key))};
 }
 
 std::string name_of(const SectionChange& change, const SectionEntry& entry) {
