@@ -79,13 +79,14 @@ def chosen(sources, equivalents, options):
 
 
 def read_known(reports):
-    """What earlier runs found, but for the survivors: (source, line before, line after) to the record."""
+    """What earlier runs found, but for the survivors: (source, line before, line after) to the record. Of equal lines,
+    one that survived has all of them tried again."""
     known = {}
     for report in reports:
         with open(report, encoding="utf-8") as file:
-            for record in map(json.loads, file):
-                if record["result"] != "survived":
-                    known[record["path"], record["before"], record["after"]] = record
+            records = {(record["path"], record["before"], record["after"]): record
+                       for record in sorted(map(json.loads, file), key=lambda record: record["result"] == "survived")}
+        known.update({key: record for key, record in records.items() if record["result"] != "survived"})
     return known
 
 
