@@ -39,7 +39,7 @@ struct CheckOptions {
     bool diff = false;
     bool canonical = false;
     bool quiet = false;
-    unsigned threads = std::max(1U, std::thread::hardware_concurrency());
+    unsigned threads = 0;  // as many as there are processors
 };
 
 struct Totals {
@@ -59,10 +59,18 @@ bool use_color(const std::string& when) {
     return (no_color == nullptr || *no_color == '\0') && ::isatty(STDOUT_FILENO) == 1;
 }
 
+// Finding out how many processors there are takes reading a file: not for one file to check.
+unsigned worker_count(const CheckOptions& options, std::size_t files) {
+    if (files <= 1) {
+        return 1;
+    }
+    return options.threads != 0 ? options.threads : std::max(1U, std::thread::hardware_concurrency());
+}
+
 // Runs `make(i)` for every i below `count` on several threads and `use` on the results, in order, on this one.
 template <class Make, class Use>
 void in_order(std::size_t count, unsigned threads, Make make, Use use) {
-    if (threads <= 1 || count <= 1) {
+    if (threads <= 1) {
         for (std::size_t i = 0; i < count; ++i) {
             use(make(i));
         }
@@ -96,7 +104,8 @@ void in_order(std::size_t count, unsigned threads, Make make, Use use) {
 // A bar on standard error, once the work turns out to be long.
 class Progress {
 public:
-    Progress(std::size_t total, bool wanted) : total_(total), wanted_(wanted && ::isatty(STDERR_FILENO) == 1) {}
+    Progress(std::size_t total, bool wanted)
+        : total_(total), wanted_(wanted && total > 1 && ::isatty(STDERR_FILENO) == 1) {}
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
     ~Progress() { clear(); }
@@ -221,7 +230,8 @@ int run_check(const CheckOptions& options) {
         print("{\"format\":\"amesp-inp findings\",\"version\":1,\"files\":[");
     }
     in_order(
-        inputs.size(), options.threads, [&](std::size_t i) { return check_file(inputs[i], schema, check); },
+        inputs.size(), worker_count(options, inputs.size()),
+        [&](std::size_t i) { return check_file(inputs[i], schema, check); },
         [&](const FileReport& report) {
             if (!report.trouble.empty() || !report.findings.empty() || !report.diff.empty()) {
                 progress.clear();

@@ -32,14 +32,11 @@ void add_schema_option(CLI::App& subcommand, std::string& path) {
 }
 
 velk::input::amesp::InputSchema load_schema(const std::string& path) {
-    using velk::input::amesp::InputSchema;
-    if (!path.empty()) {
-        return InputSchema::from_file(path);
-    }
-    if (velk::input::amesp::resolve_schema_path("").empty()) {
+    const std::string found = path.empty() ? velk::input::amesp::resolve_schema_path("") : path;
+    if (found.empty()) {
         throw std::runtime_error(places_searched());
     }
-    return velk::input::amesp::default_schema();
+    return velk::input::amesp::InputSchema::from_file(found);
 }
 
 }  // namespace amesp_inp
