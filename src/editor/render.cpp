@@ -11,6 +11,7 @@
 
 #include "model/coordinate_text.hpp"
 #include "model/geometry_names.hpp"
+#include "model/large_room.hpp"
 #include "model/numbers.hpp"
 #include "schema/queries.hpp"
 
@@ -26,7 +27,7 @@ public:
     Renderer(const AIPData& data, const InputSchema& schema) : data_(data), schema_(schema) {}
 
     std::string run() {
-        text_.reserve(usual_size());
+        reserve_room(text_, usual_size());
         add_lines(data_.header_comments);
         add_directives();
         add_method_line();

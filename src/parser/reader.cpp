@@ -9,6 +9,7 @@
 
 #include "model/geometry_names.hpp"
 #include "model/in_place.hpp"
+#include "model/large_room.hpp"
 #include "model/numbers.hpp"
 #include "model/real_words.hpp"
 #include "parser/line.hpp"
@@ -146,9 +147,9 @@ private:
     void make_room(Section& section) const {
         if (section.parse_mode == SectionParseMode::cartesian_coordinates) {
             constexpr std::size_t shortest_atom = std::string_view("H 0 0 0").size();
-            section.atoms.reserve(records_ahead(lines_.rest(), shortest_atom));
+            reserve_room(section.atoms, records_ahead(lines_.rest(), shortest_atom));
         } else if (section.parse_mode == SectionParseMode::key_value && preserve_unknown_) {
-            section.entries.reserve(records_ahead(lines_.rest(), 1));
+            reserve_room(section.entries, records_ahead(lines_.rest(), 1));
         }
     }
 
