@@ -15,6 +15,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include <velk/core/large_room.hpp>
+
 namespace velk::core::fs {
 namespace {
 
@@ -151,7 +153,9 @@ std::string read_text_file(const std::string& path) {
     }
     std::string content;
     const std::size_t expected = status.st_size > 0 ? static_cast<std::size_t>(status.st_size) : 0;
-    content.resize(S_ISREG(status.st_mode) && expected > 0 ? expected + 1 : smallest_buffer);
+    const std::size_t size = S_ISREG(status.st_mode) && expected > 0 ? expected + 1 : smallest_buffer;
+    reserve_room(content, size);
+    content.resize(size);
     std::size_t filled = 0;
     while (true) {
         const std::size_t room = std::min(content.size() - filled, largest_transfer);

@@ -6,12 +6,12 @@
 #include <string_view>
 
 #include <velk/core/fs.hpp>
+#include <velk/core/large_room.hpp>
 #include <velk/core/text_view.hpp>
 #include <velk/input/amesp/editor.hpp>
 
 #include "model/coordinate_text.hpp"
 #include "model/geometry_names.hpp"
-#include "model/large_room.hpp"
 #include "model/numbers.hpp"
 #include "schema/queries.hpp"
 
@@ -27,7 +27,7 @@ public:
     Renderer(const AIPData& data, const InputSchema& schema) : data_(data), schema_(schema) {}
 
     std::string run() {
-        reserve_room(text_, usual_size());
+        core::reserve_room(text_, usual_size());
         add_lines(data_.header_comments);
         add_directives();
         add_method_line();

@@ -4,9 +4,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include <velk/core/large_room.hpp>
 #include <velk/core/text_view.hpp>
-
-#include "model/large_room.hpp"
 
 namespace velk::input::amesp {
 namespace {
@@ -85,7 +84,7 @@ std::string Patch::assemble() {
     });
     std::sort(replaced_.begin(), replaced_.end());
     std::string out;
-    reserve_room(out, longest_size());
+    core::reserve_room(out, longest_size());
     std::size_t copied = 0;  // of the old text, what stays in one piece goes over in one piece
     const auto copy_up_to = [&](std::size_t line) {
         const std::size_t begin = lines_.begin_of(line);

@@ -5,11 +5,11 @@
 #include <string>
 #include <utility>
 
+#include <velk/core/large_room.hpp>
 #include <velk/core/text_view.hpp>
 
 #include "model/geometry_names.hpp"
 #include "model/in_place.hpp"
-#include "model/large_room.hpp"
 #include "model/numbers.hpp"
 #include "model/real_words.hpp"
 #include "parser/line.hpp"
@@ -147,9 +147,9 @@ private:
     void make_room(Section& section) const {
         if (section.parse_mode == SectionParseMode::cartesian_coordinates) {
             constexpr std::size_t shortest_atom = std::string_view("H 0 0 0").size();
-            reserve_room(section.atoms, records_ahead(lines_.rest(), shortest_atom));
+            core::reserve_room(section.atoms, records_ahead(lines_.rest(), shortest_atom));
         } else if (section.parse_mode == SectionParseMode::key_value && preserve_unknown_) {
-            reserve_room(section.entries, records_ahead(lines_.rest(), 1));
+            core::reserve_room(section.entries, records_ahead(lines_.rest(), 1));
         }
     }
 

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace velk::input::amesp {
+namespace velk::core {
 
 // Reserves as the container does, and lets the kernel use large pages for what is so long that the allocator maps it on
 // its own: filling memory fresh from the kernel costs a fault for every page, as much time as reading the records.
@@ -26,4 +26,4 @@ void reserve_room(Container& container, std::size_t count) {
     static_cast<void>(::madvise(reinterpret_cast<void*>(first_page), size - (first_page - begin), MADV_HUGEPAGE));
 }
 
-}  // namespace velk::input::amesp
+}  // namespace velk::core

@@ -1,5 +1,5 @@
 // Room for very long lists and texts: what is reserved, and which pages the kernel is asked for.
-#include "model/large_room.hpp"
+#include <velk/core/large_room.hpp>
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace velk::input::amesp {
+namespace velk::core {
 namespace {
 
 constexpr std::size_t large = std::size_t{64} << 20;
@@ -66,4 +66,4 @@ TEST(ReserveRoom, AsksForLargePagesForLongListsAlone) {
 }
 
 }  // namespace
-}  // namespace velk::input::amesp
+}  // namespace velk::core
