@@ -103,11 +103,11 @@ std::string Patch::assemble() {
             copy_up_to(line);
             copied = lines_.begin_of(line + 1);
         }
-        if (replaced && !dropped_[line]) {
+        if (replaced) {
             out += replacement->second;
             out += lines_.line_end(line);
+            ++replacement;
         }
-        replacement += replaced ? 1 : 0;
     }
     copy_up_to(lines_.size());
     for (; insertion != insertions_.end(); ++insertion) {

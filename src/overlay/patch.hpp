@@ -13,7 +13,7 @@ namespace velk::input::amesp {
 // Which of the lines inserted at one place come first.
 enum class InsertOrder { body, section_end, directive, method_line, section };
 
-// Lines are kept unless dropped or replaced; every line is replaced at most once.
+// Lines are kept unless dropped or replaced; no line is both, and each is replaced at most once.
 class Patch {
 public:
     // `lines` must outlive the patch.
