@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <charconv>
 #include <clocale>
+#include <cmath>
 #include <cstdlib>
 #include <iterator>
 #include <limits>
@@ -20,7 +21,7 @@ namespace {
 
 // The C library takes a leading '+', std::from_chars does not. "+-1" must not become "-1".
 std::string_view without_plus(std::string_view text) noexcept {
-    if (text.size() > 1 && text[0] == '+' && (is_digit(text[1]) || text[1] == '.')) {
+    if (text.size() > 1 && text[0] == '+' && is_digit(text[1])) {
         text.remove_prefix(1);
     }
     return text;
@@ -40,23 +41,16 @@ std::optional<Integer> read_integer(std::string_view text) {
 // A decimal whose value no rounding could take out of range. `text` is not empty.
 std::optional<double> read_plain_decimal(std::string_view text) {
     const std::string_view digits = without_plus(text);
-    const char first = digits[0] == '-' && digits.size() > 1 ? digits[1] : digits[0];
-    if (!is_digit(first) && first != '.') {
-        return std::nullopt;
-    }
     double value = 0.0;
     const char* const end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, value);
     if (error != std::errc() || stop != end) {
         return std::nullopt;
     }
-    const double size = value < 0 ? -value : value;
-    if (size > std::numeric_limits<double>::min()) {
-        return value;
-    }
-    const bool all_zeros =
-        std::all_of(digits.begin(), digits.end(), [](char c) { return c == '0' || c == '.' || c == '-'; });
-    return all_zeros ? std::optional(value) : std::nullopt;
+    // Coordinates hold zeros of many decimals, which come out as they are.
+    const bool decided = std::abs(value) > std::numeric_limits<double>::min() ||
+                         digits.find_first_not_of("-.0") == std::string_view::npos;
+    return decided ? std::optional(value) : std::nullopt;
 }
 
 class ClassicLocale {
