@@ -179,7 +179,7 @@ bool write_text_file_atomic(const std::string& path, std::string_view content) {
         return false;
     }
     const std::optional<std::string> target = link_target(path);
-    if (!target || target->ends_with('/')) {
+    if (!target) {
         return false;
     }
     struct stat existing {};
