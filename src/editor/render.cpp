@@ -109,15 +109,10 @@ private:
         text_ += "\n>";
         text_ += name;
         add_arguments(section, name);
-        switch (section.parse_mode) {
-            case SectionParseMode::cartesian_coordinates:
-                add_atoms(section);
-                break;
-            case SectionParseMode::key_value:
-                add_entries(section, name);
-                break;
-            case SectionParseMode::raw:
-                break;
+        if (section.parse_mode == SectionParseMode::cartesian_coordinates) {
+            add_atoms(section);
+        } else if (section.parse_mode == SectionParseMode::key_value) {
+            add_entries(section, name);
         }
         add_raw_lines(section);
         text_ += "end\n";
@@ -147,6 +142,9 @@ private:
     void add_atom(const AtomRecord& atom) {
         constexpr std::size_t short_symbol = 16;
         std::array<char, body_indent.size() + short_symbol + 3 * (1 + longest_coordinate) + 1> line;
+        constexpr std::string_view longest_line =
+            "  sixteen-letters. -524287.0123456789 -524287.0123456789 -524287.0123456789\n";
+        static_assert(line.size() == longest_line.size());
         char* end = std::copy(body_indent.begin(), body_indent.end(), line.data());
         if (atom.symbol.size() <= short_symbol) {
             end = std::copy(atom.symbol.begin(), atom.symbol.end(), end);
