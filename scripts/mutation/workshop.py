@@ -39,7 +39,7 @@ class Library:
         for block in output(["ninja", "-C", self.build, "-t", "deps"]).split("\n\n"):
             name, _, rest = block.partition(":")
             for path in re.findall(r"^ +(\S+)$", rest, re.MULTILINE):
-                if path.startswith(self.source + "/"):
+                if path.startswith((self.source + "/src/", self.source + "/core/")):
                     objects.setdefault(os.path.relpath(path, self.source), []).append(name)
         return objects
 
@@ -93,21 +93,32 @@ class Workshop:
         for command in self.library.link:
             if any(name in command for name in objects) and not self.run(self.translated(command), self.build):
                 return False
-        return self.link_programs(objects)
+        return self.link_programs(path, objects)
 
-    def link_programs(self, objects):
-        """The test programs that hold a source of the library themselves."""
-        for name in objects:
-            source = re.sub(r"^(\w+)/CMakeFiles/\w+\.dir/(.*)\.o$", r"\1/\2", name)
-            for command in self.commands:
-                held = re.search(rf" (\S+/__/__/{re.escape(source)}\.o) .* -o bin/(\w+) ", command)
-                if not held or " -c " in command:
-                    continue
-                command = command.split(" && cd ")[0].replace(f" {held[1]} ", f" {self.build}/{name} ")
-                command = command.replace(f" -o bin/{held[2]} ", f" -o {self.programs}/{held[2]} ")
+    def link_programs(self, path, objects):
+        """The test programs that hold a source of the library themselves, or the test of the header that is changed."""
+        changed = {re.sub(r"^(\w+)/CMakeFiles/\w+\.dir/(.*)$", r"/__/__/\1/\2", name): f"{self.build}/{name}"
+                   for name in objects}
+        if path.endswith(".hpp"):
+            test = f"/{pathlib.Path(path).stem}_test.cpp"
+            changed[test + ".o"] = f"{self.programs}{test}.o"
+            if not all(self.compile_test(command, test) for command in self.commands if command.endswith(test)):
+                return False
+        for command in self.commands:
+            program = re.search(r" -o bin/(\w+) ", command)
+            held = [found for found in re.findall(r" (\S+?\.dir(/\S+))", command) if found[1] in changed]
+            if program and held:
+                command = command.split(" && cd ")[0].replace(program[0], f" -o {self.programs}/{program[1]} ")
+                for name, place in held:  # in front: of an inline function that others hold too, this one is taken
+                    command = command.replace(f" {name} ", " ").replace("g++ ", f"g++ {changed[place]} ", 1)
                 if not self.run(command, self.test_build):
                     return False
         return True
+
+    def compile_test(self, command, test):
+        command = re.sub(rf"-I{re.escape(self.library.source)}/(src|core|include)\b", rf"-I{self.source}/\1", command)
+        command = re.sub(r" -MD -MT \S+ -MF \S+ -o \S+ ", f" -O0 -g0 -w -o {self.programs}{test}.o ", command)
+        return self.run(command.removeprefix("ccache "), self.test_build)
 
     def restore(self, path):
         shutil.copyfile(f"{self.library.source}/{path}", f"{self.source}/{path}")
