@@ -6,7 +6,9 @@
 
 #include <atomic>
 #include <filesystem>
+#include <string>
 #include <thread>
+#include <utility>
 #include <velk/core/fs.hpp>
 
 #include "support/temp_dir.hpp"
@@ -40,7 +42,7 @@ TEST(ReadTextFile, GivesAllBytesUnchanged) {
             all += static_cast<char>(byte);
         }
     }
-    for (const std::string& content : {std::string(), std::string("a\r\nb"), all}) {
+    for (const std::string& content : {std::string(), std::string("a"), std::string("a\r\nb"), all}) {
         write_file(dir / "f", content);
         EXPECT_EQ(read_text_file(dir / "f"), content);
     }
@@ -89,10 +91,12 @@ TEST(WriteTextFileAtomic, MakesAndReplacesFilesAndLeavesNothingElse) {
 
 TEST(WriteTextFileAtomic, HeedsTheModeMaskForANewFile) {
     const TempDir dir;
-    const mode_t saved = ::umask(027);
-    EXPECT_TRUE(write_text_file_atomic(dir / "f", "x"));
-    ::umask(saved);
-    EXPECT_EQ(mode_of(dir / "f"), 0640U);
+    for (const auto& [mask, mode] : {std::pair(027U, 0640U), std::pair(0U, 0666U), std::pair(077U, 0600U)}) {
+        const mode_t saved = ::umask(mask);
+        EXPECT_TRUE(write_text_file_atomic(dir / std::to_string(mask), "x"));
+        ::umask(saved);
+        EXPECT_EQ(mode_of(dir / std::to_string(mask)), mode);
+    }
 }
 
 TEST(WriteTextFileAtomic, KeepsTheModeBitsOfAnExistingFile) {
@@ -169,6 +173,27 @@ TEST(WriteTextFileAtomic, TakesARelativePath) {
     EXPECT_TRUE(write_text_file_atomic("f", "x"));
     std::filesystem::current_path(saved);
     EXPECT_EQ(read_file(dir / "f"), "x");
+}
+
+TEST(WriteTextFileAtomic, TakesNamesOfBackups) {
+    const TempDir dir;
+    EXPECT_TRUE(write_text_file_atomic(dir / "f~", "x"));
+    EXPECT_EQ(read_file(dir / "f~"), "x");
+}
+
+// The first file that a process without a standard input opens has descriptor 0.
+TEST(Files, AreReadWrittenAndClosedWithoutAStandardInput) {
+    const TempDir dir;
+    const int saved = ::fcntl(0, F_DUPFD_CLOEXEC, 3);
+    ::close(0);
+    EXPECT_TRUE(write_text_file_atomic(dir / "f", "x"));
+    EXPECT_EQ(::fcntl(0, F_GETFD), -1);
+    EXPECT_EQ(read_text_file(dir / "f"), "x");
+    EXPECT_EQ(::fcntl(0, F_GETFD), -1);
+    if (saved >= 0) {
+        ::dup2(saved, 0);
+        ::close(saved);
+    }
 }
 
 TEST(WriteTextFileAtomic, NeverShowsAReaderAPartOfAFile) {

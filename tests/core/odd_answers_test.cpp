@@ -1,13 +1,19 @@
-// Answers of the system that no test machine gives by itself: this program's own getrandom, fsync and fstat stand
-// before those of the C library.
+// Answers of the system that no test machine gives by itself: this program's own getrandom, fsync, fstat and fchown
+// stand before those of the C library.
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/random.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <thread>
+#include <utility>
+#include <vector>
 #include <velk/core/fs.hpp>
 
 #include "support/temp_dir.hpp"
@@ -16,7 +22,9 @@ namespace {
 
 std::function<ssize_t(std::uint64_t&)> random_number;  // those that are empty are the system's
 std::function<int(int)> sync_file;
-std::function<int()> file_status;
+std::function<int(int, struct stat&)> file_status;
+std::function<int(int, uid_t, gid_t)> own_file;
+bool enough_gathered = true;  // false: random numbers are there only for those who wait
 
 template <class Function>
 Function of_the_system(const char* name) {
@@ -29,6 +37,10 @@ extern "C" {
 
 __attribute__((visibility("default"))) ssize_t getrandom(void* bytes, std::size_t size, unsigned flags) {
     std::uint64_t number = 0;
+    if (!enough_gathered && (flags & GRND_NONBLOCK) != 0) {
+        errno = EAGAIN;
+        return -1;
+    }
     if (!random_number || size != sizeof number) {
         return of_the_system<ssize_t (*)(void*, std::size_t, unsigned)>("getrandom")(bytes, size, flags);
     }
@@ -42,7 +54,12 @@ __attribute__((visibility("default"))) int fsync(int file) {
 }
 
 __attribute__((visibility("default"))) int fstat(int file, struct stat* status) noexcept {
-    return file_status ? file_status() : of_the_system<int (*)(int, struct stat*)>("fstat")(file, status);
+    return file_status ? file_status(file, *status) : of_the_system<int (*)(int, struct stat*)>("fstat")(file, status);
+}
+
+__attribute__((visibility("default"))) int fchown(int file, uid_t owner, gid_t group) noexcept {
+    return own_file ? own_file(file, owner, group)
+                    : of_the_system<int (*)(int, uid_t, gid_t)>("fchown")(file, owner, group);
 }
 
 }  // extern "C"
@@ -60,6 +77,8 @@ protected:
         random_number = nullptr;
         sync_file = nullptr;
         file_status = nullptr;
+        own_file = nullptr;
+        enough_gathered = true;
     }
     const TempDir dir;
 };
@@ -125,7 +144,7 @@ TEST_F(OddAnswers, OfASyncOfTheDirectoryAreForgivenWhenTheySayThatThereIsNone) {
 
 TEST_F(OddAnswers, OfErrorsWithoutANameAreReportedAsUnknown) {
     write_file(dir / "f", "");
-    file_status = [] {
+    file_status = [](int, struct stat&) {
         errno = 9999;
         return -1;
     };
@@ -145,6 +164,111 @@ TEST_F(OddAnswers, AreInterruptionsThatNeverCountAsFailures) {
     };
     EXPECT_TRUE(write_text_file_atomic(dir / "f", "new"));
     EXPECT_EQ(interruptions, 6);
+}
+
+TEST_F(OddAnswers, OfTheRandomNumbersAreWaitedFor) {
+    enough_gathered = false;
+    EXPECT_TRUE(write_text_file_atomic(dir / "f", "new"));
+}
+
+TEST_F(OddAnswers, OfTheRandomNumbersHaveNothingToDoWithTheStandardInput) {
+    write_file(dir / "input", "somebody's");
+    const int saved = ::fcntl(0, F_DUPFD_CLOEXEC, 3);
+    const int input = ::open((dir / "input").c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::dup2(input, 0), 0);
+    ::close(input);
+    random_number = [&](std::uint64_t&) { return ssize_t{-1}; };
+    EXPECT_FALSE(write_text_file_atomic(dir / "f", "new"));
+    EXPECT_NE(::fcntl(0, F_GETFD), -1);
+    EXPECT_EQ(read_file(dir / "input"), "somebody's");
+    saved >= 0 ? ::dup2(saved, 0) : ::close(0);
+    ::close(saved);
+}
+
+TEST_F(OddAnswers, OfAFileSystemThatLetsReadDirectoriesMakeNoFilesOfThem) {
+    write_file(dir / "f", "names");
+    file_status = [](int, struct stat& status) {
+        status.st_mode = S_IFDIR | 0755;
+        return 0;
+    };
+    EXPECT_THROW(static_cast<void>(read_text_file(dir / "f")), std::runtime_error);
+}
+
+// All of it is there when the first byte is read: more than any buffer has room for.
+TEST_F(OddAnswers, AreMoreBytesAtOnceThanThereIsRoomFor) {
+    ASSERT_EQ(::mkfifo((dir / "pipe").c_str(), 0600), 0);
+    std::string content(900000, ' ');
+    for (std::size_t i = 0; i < content.size(); ++i) {
+        content[i] = static_cast<char>('a' + i % 23);
+    }
+    ssize_t written = 0;
+    std::thread writer([&] {
+        const int pipe = ::open((dir / "pipe").c_str(), O_WRONLY | O_CLOEXEC);
+        ::fcntl(pipe, F_SETPIPE_SZ, 1 << 20);
+        ::fcntl(pipe, F_SETFL, O_NONBLOCK);
+        written = ::write(pipe, content.data(), content.size());
+        ::close(pipe);
+    });
+    file_status = [&](int file, struct stat& status) {
+        writer.join();
+        return of_the_system<int (*)(int, struct stat*)>("fstat")(file, &status);
+    };
+    const std::string read = read_text_file(dir / "pipe");
+    EXPECT_GT(written, 0);
+    EXPECT_TRUE(read == content.substr(0, static_cast<std::size_t>(written))) << read.size() << " of " << written;
+}
+
+TEST_F(OddAnswers, OfTheOwnerLeaveTheGroupToBeKept) {
+    write_file(dir / "f", "old");
+    const auto keep = static_cast<uid_t>(-1);
+    for (const bool may_give_away : {true, false}) {
+        std::vector<std::pair<uid_t, gid_t>> asked;
+        own_file = [&](int, uid_t owner, gid_t group) {
+            asked.emplace_back(owner, group);
+            errno = EPERM;
+            return may_give_away || owner == keep ? 0 : -1;
+        };
+        EXPECT_TRUE(write_text_file_atomic(dir / "f", "new"));
+        std::vector<std::pair<uid_t, gid_t>> expected = {{::geteuid(), ::getegid()}};
+        if (!may_give_away) {
+            expected.emplace_back(keep, ::getegid());
+        }
+        EXPECT_EQ(asked, expected);
+    }
+}
+
+// Neither the one that is read nor the new one and its directory.
+TEST_F(OddAnswers, ShowThatNoFileIsLeftToAProgramThatIsStartedMeanwhile) {
+    write_file(dir / "f", "old");
+    int seen = 0;
+    const auto look_at = [&](int file) {
+        ++seen;
+        EXPECT_EQ(::fcntl(file, F_GETFD), FD_CLOEXEC) << seen;
+        return 0;
+    };
+    sync_file = look_at;
+    EXPECT_TRUE(write_text_file_atomic(dir / "f", "new"));
+    file_status = [&](int file, struct stat& status) {
+        look_at(file);
+        return of_the_system<int (*)(int, struct stat*)>("fstat")(file, &status);
+    };
+    EXPECT_EQ(read_text_file(dir / "f"), "new");
+    EXPECT_EQ(seen, 3);
+}
+
+TEST_F(OddAnswers, ShowThatNobodyElseReadsTheBytesBeforeTheFileHasItsOwner) {
+    write_file(dir / "f", "old");
+    const mode_t saved = ::umask(0);
+    mode_t mode = 0;
+    own_file = [&](int file, uid_t, gid_t) {
+        struct stat status {};
+        ::fstat(file, &status);
+        mode = status.st_mode & 07777;
+        return 0;
+    };
+    EXPECT_TRUE(write_text_file_atomic(dir / "f", "new"));
+    ::umask(saved);
+    EXPECT_EQ(mode, 0600U);
 }
 
 }  // namespace
