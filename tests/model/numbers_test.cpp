@@ -14,6 +14,7 @@
 #include <random>
 #include <string_view>
 
+#include "support/at_page_end.hpp"
 #include "support/locale_guard.hpp"
 
 namespace velk::input::amesp {
@@ -158,6 +159,9 @@ TEST(ReadReal, AgreesWithTheCLibrary) {
     }
     expect_same_real(std::string(5000, '1'));
     expect_same_real("0." + std::string(5000, '0') + "1");
+    expect_same_real("0." + std::string(310, '0') + "12345");  // too small for all of its digits
+    expect_same_real("-0." + std::string(310, '0') + "12345");
+    expect_same_real("-0." + std::string(400, '0'));
     expect_same_real("1" + std::string(400, '0') + "e-400");
     expect_same_real("0." + std::string(400, '0') + "1e401");
 }
@@ -213,6 +217,28 @@ TEST(ReadReal, ReadsTheSameInEveryLocaleAndLeavesItAlone) {
         EXPECT_EQ(read_real("0x1.8p1"), 3.0) << name;
         EXPECT_EQ(read_real("1,5"), std::nullopt) << name;
         EXPECT_EQ(std::setlocale(LC_ALL, nullptr), before);
+    }
+}
+
+TEST(ReadReal, HeedsNoLocaleThatTheEnvironmentNames) {
+    ::setenv("LC_ALL", "de_DE.UTF-8", 1);
+    EXPECT_EQ(read_real("0x1.8p1"), 3.0);
+    EXPECT_EQ(read_real("0x1,8p1"), std::nullopt);
+    EXPECT_EQ(read_real("1,5"), std::nullopt);
+    ::unsetenv("LC_ALL");
+}
+
+// Digits follow, which must not be read, and behind them a page that cannot be.
+TEST(Numbers, AreReadToTheEndOfTheirTextAndNoFurther) {
+    const std::string digits = "123456789.123456789012345678901234567890";
+    for (std::size_t size = 1; size < digits.size(); ++size) {
+        const std::string text = digits.substr(0, size);
+        const test::AtPageEnd last(text);
+        for (const std::string_view view : {std::string_view(digits).substr(0, size), last.view()}) {
+            EXPECT_EQ(read_real(view), plain_real(text)) << text;
+            const bool is_integer = size < digits.find('.') + 1;
+            EXPECT_EQ(read_int32(view), is_integer ? std::optional(std::atoi(text.c_str())) : std::nullopt) << text;
+        }
     }
 }
 

@@ -9,6 +9,8 @@
 #include <random>
 #include <string>
 
+#include "support/at_page_end.hpp"
+
 namespace velk::input::amesp {
 namespace {
 
@@ -86,6 +88,20 @@ TEST(RealWords, EndWithTheTextAndNotWithWhatIsReadable) {
     EXPECT_TRUE(reals.take_real(value));
     EXPECT_EQ(value, 2.5);
     EXPECT_FALSE(reals.take_real(value));
+}
+
+TEST(RealWords, ReadNothingThatCannotBeRead) {
+    for (const std::string digits :
+         {"1234567890123456789012345", "-1234567.89012345678901234", "1.5", "-123456.7890123 "}) {
+        for (std::size_t size = digits.find_first_of("1") + 1; size <= digits.size(); ++size) {
+            const test::AtPageEnd text(digits.substr(0, size));
+            RealWords reals(text.view(), text.view().data() + size);
+            double value = 0.0;
+            EXPECT_TRUE(reals.take_real(value)) << text.view();
+            EXPECT_EQ(value, read_real(digits.substr(0, size))) << text.view();
+            EXPECT_FALSE(reals.take_real(value)) << text.view();
+        }
+    }
 }
 
 }  // namespace

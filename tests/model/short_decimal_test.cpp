@@ -8,6 +8,8 @@
 #include <random>
 #include <string>
 
+#include "support/at_page_end.hpp"
+
 namespace velk::input::amesp {
 namespace {
 
@@ -59,6 +61,19 @@ TEST(ShortDecimal, StopsAtTheFirstByteThatIsNoPartOfThePlainNumber) {
     EXPECT_EQ(short_decimal(std::string_view("7\xb1\xb2")).size, 1U);  // digits but for the high bit
 }
 
+// The bytes of the sign, of two groups and the one behind them, and no other.
+TEST(ShortDecimal, ReadsNoMoreThanTheReadableBytes) {
+    for (const std::string sign : {"", "-", "+"}) {
+        for (std::size_t whole = 0; whole < short_decimals::readable_size; ++whole) {
+            std::string text = sign + std::string(whole, '4') + '.';
+            text.resize(short_decimals::readable_size, '5');
+            const test::AtPageEnd last(text);
+            const ShortDecimal decimal = short_decimal(last.view().data());
+            EXPECT_TRUE(decimal.size == 0 || decimal.size == text.size()) << text;
+        }
+    }
+}
+
 TEST(ShortDecimal, AgreesWithTheCLibraryOnMillionsOfNumbers) {
     std::mt19937_64 random(40);
     constexpr std::array<const char*, 3> signs = {"", "-", "+"};
@@ -81,6 +96,11 @@ TEST(ShortDecimal, StopsAtEveryByteThatIsNoDigit) {
             EXPECT_EQ(short_decimal(std::string_view(text)).size, digit ? number.size() : place)
                 << byte << " at " << place;
             expect_as_the_c_library(text.substr(0, place));
+        }
+        for (std::size_t place = 0; place < 2; ++place) {
+            std::string text = number;
+            text[place] = static_cast<char>(byte);
+            expect_as_the_c_library(text);
         }
     }
 }
