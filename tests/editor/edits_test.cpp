@@ -182,6 +182,20 @@ TEST(SetSectionEntry, UpdatesTheFirstOfThatNameInItsPlace) {
     EXPECT_EQ(editor.data().sections[0].entries[3], (SectionEntry{"odd", "", false, "", {}}));
 }
 
+TEST(SetSectionEntry, AsksTheSchemaAgainWhetherItKnowsTheEntry) {
+    AIPEditor editor(parse(">scf\nconv 1\nodd 2\nend"), InputSchema());
+    ASSERT_TRUE(editor.data().sections[0].entries[0].known);
+    editor.set_section_entry("scf", "conv", "3");
+    EXPECT_FALSE(editor.data().sections[0].entries[0].known);
+
+    AIPData data = editor.data();
+    AIPEditor with_schema(std::move(data), sample_schema());
+    with_schema.set_section_entry("scf", "conv", "4");
+    with_schema.set_section_entry("scf", "odd", "5");
+    EXPECT_TRUE(with_schema.data().sections[0].entries[0].known);
+    EXPECT_FALSE(with_schema.data().sections[0].entries[1].known);
+}
+
 TEST(SetSectionEntry, SpellsTheKeyOfTheEntryThatItFindsAsTheSchemaDoes) {
     AIPData data = parse(">scf\nconv 1\nend");
     data.sections[0].entries[0].key = "  CONV ";

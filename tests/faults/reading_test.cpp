@@ -65,6 +65,26 @@ TEST(FailingAllocation, LeavesValidationAndRenderingWithoutAResult) {
     }
 }
 
+// Of its text: growing would copy what there is already, time and again.
+TEST(Render, AllocatesOnceForAUsualDocument) {
+    std::string text =
+        "# a comment\n% maxcyc 200\n% solver direct\n! hf b3-lyp sto-3g\n>scf\n  maxcyc = 50\nend\n>xyz 0 1\n";
+    for (int atom = 0; atom < 200; ++atom) {
+        text += "  Cl -12.3456789012 23.4567890123 -34.5678901234\n";
+    }
+    const AIPEditor editor(AIPParser::parse_string(text + "end\n", test::sample_schema(), {}).data,
+                           test::sample_schema());
+    EXPECT_EQ(fail_each_allocation("render",
+                                   [&](Shortage& shortage) {
+                                       std::string rendered;
+                                       if (!shortage.strikes([&] { rendered = editor.render(); })) {
+                                           EXPECT_GT(rendered.size(), text.size());
+                                           EXPECT_LT(rendered.capacity(), rendered.size() + rendered.size() / 8);
+                                       }
+                                   }),
+              1);
+}
+
 TEST(FailingAllocation, LeavesQueriesOfASchemaWithoutAResult) {
     const InputSchema& schema = test::sample_schema();
     const std::string name = "  A-Name-That-Is-Too-Long-For-Any-Small-Buffer-" + std::string(300, 'X') + ' ';
