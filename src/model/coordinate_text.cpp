@@ -29,16 +29,14 @@ std::uint64_t scaled(std::uint64_t exponent, std::uint64_t mantissa) noexcept {
         return 0;
     }
     // The point is to stand in the middle of the product: the scale has room for the bits that this takes, and what is
-    // too small for it loses bits that only say whether the rest is zero.
+    // too small for it loses bits that decide nothing, since no double comes so near to half a unit.
     const std::uint64_t digits = mantissa | (std::uint64_t{1} << mantissa_bits);
     constexpr std::uint64_t middle = 64;
     Wide exact = 0;
     if (shift <= middle) {
         exact = Wide{digits} * (scale << (middle - shift));
     } else {
-        exact = Wide{digits} * scale;
-        const Wide lost = exact & ((Wide{1} << (shift - middle)) - 1);
-        exact = (exact >> (shift - middle)) | (lost != 0 ? 1 : 0);
+        exact = (Wide{digits} * scale) >> (shift - middle);
     }
     const auto whole = static_cast<std::uint64_t>(exact >> middle);
     const auto rest = static_cast<std::uint64_t>(exact);

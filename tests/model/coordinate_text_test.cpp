@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
@@ -71,6 +72,23 @@ TEST(WriteCoordinate, AgreesWithPrintfAtEveryPowerOfTwo) {
         expect_both_signs_as_printf(power);
         expect_both_signs_as_printf(std::nextafter(power, 0.0));
         expect_both_signs_as_printf(std::nextafter(power, limit / 2));
+    }
+}
+
+// A mantissa times 10^10, with more than 64 bits behind the point: where the first 64 of them are half a unit, so is
+// all.
+TEST(WriteCoordinate, MeetsNoNumberThatOnlyTheLastBitsTellFromAHalf) {
+    __extension__ using Wide = unsigned __int128;
+    constexpr Wide scale = 10000000000;
+    constexpr Wide least = scale << 52;
+    constexpr Wide most = (scale << 53) - scale;
+    for (int bits = 65; bits < 100; ++bits) {
+        for (Wide whole = least >> bits; whole <= most >> bits; ++whole) {
+            const Wide half = (whole << bits) + (Wide{1} << (bits - 1));
+            const Wide last = std::min(most, half + (Wide{1} << (bits - 64)) - 1);
+            const Wide nearest = last / scale * scale;
+            ASSERT_FALSE(nearest > half && nearest >= least) << bits;
+        }
     }
 }
 
