@@ -93,7 +93,7 @@ TEST(RealWords, EndWithTheTextAndNotWithWhatIsReadable) {
 TEST(RealWords, ReadNothingThatCannotBeRead) {
     for (const std::string digits :
          {"1234567890123456789012345", "-1234567.89012345678901234", "1.5", "-123456.7890123 "}) {
-        for (std::size_t size = digits.find_first_of("1") + 1; size <= digits.size(); ++size) {
+        for (std::size_t size = digits.find_first_of('1') + 1; size <= digits.size(); ++size) {
             const test::AtPageEnd text(digits.substr(0, size));
             RealWords reals(text.view(), text.view().data() + size);
             double value = 0.0;
