@@ -47,17 +47,32 @@ ParseResult parsed(const std::string& text) {
 }
 
 TEST(Room, OfAListIsWhatItsRecordsNeed) {
-    const ParseResult result = parsed(">xyz 0 1\n" + lines(1000, "H 0 0 0\n") + "end\n>scf\n" +
-                                      lines(1000, "conv 1\n# note\n\n") + "end\n>xyz 0 1\n" + lines(9, "H 0 0 0\n"));
+    const ParseResult result =
+        parsed(">xyz 0 1\n" + lines(1000, "H 0 0 0\n") + "end\n>scf\n" + lines(1000, "conv 1\n# note\n\n") +
+               "end\n>xyz 0 1\n" + lines(9, "H 0 0 0\n") + "end\n>scf\n" + lines(1000, "x\n"));
     EXPECT_EQ(result.data.sections[0].atoms.capacity(), 1000U);
     EXPECT_EQ(result.data.sections[1].entries.capacity(), 1000U);
     EXPECT_EQ(result.data.sections[2].atoms.capacity(), 9U);
+    EXPECT_EQ(result.data.sections[3].entries.capacity(), 1000U);
 }
 
 TEST(Room, IsNotTakenByLinesThatHoldNoRecord) {
     const ParseResult result =
         parsed(">xyz 0 1\n" + lines(100000, "\n") + lines(100000, "# a long comment\n") + "H 0 0 0\nend\n");
     EXPECT_EQ(result.data.sections[0].atoms.capacity(), 1U);
+}
+
+TEST(Room, IsNotTakenByLinesTooShortForAnAtom) {
+    const ParseResult result = parsed(">xyz 0 1\n" + lines(1000, "H 0 0\n") + "H 0 0 0\nend\n");
+    EXPECT_EQ(result.data.sections[0].atoms.capacity(), 1U);
+}
+
+TEST(Room, IsMadeForEntriesOnlyWhereAllOfThemAreKept) {
+    const std::string body = lines(1000, "odd 1\n") + "end\n";
+    EXPECT_EQ(parsed(">notes\n" + body).data.sections[0].entries.capacity(), 0U);
+    EXPECT_EQ(parsed(">scf\n" + body).data.sections[0].entries.capacity(), 1000U);
+    const ParseResult result = AIPParser::parse_string(">scf\n" + body, test::sample_schema(), {false, false});
+    EXPECT_EQ(result.data.sections[0].entries.capacity(), 0U);
 }
 
 }  // namespace

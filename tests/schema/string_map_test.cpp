@@ -6,7 +6,13 @@
 
 #include <cstdint>
 #include <cstring>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+#include <utility>
 #include <vector>
+
+#include "support/at_page_end.hpp"
 
 namespace velk::input::amesp {
 namespace {
@@ -76,6 +82,85 @@ TEST(StringMap, KeepsKeysApartWhoseHashesAreEqual) {
     map.emplace(other, 2);
     EXPECT_EQ(map.at(one), 1);
     EXPECT_EQ(map.at(other), 2);
+}
+
+// Short keys are compared as words, long ones byte for byte; either way a look-up reads the key and nothing behind it.
+TEST(StringMap, KeepsKeysOfEverySizeApartThatDifferInOneByte) {
+    std::vector<std::string> all;
+    for (std::size_t size = 0; size <= 40; ++size) {
+        all.emplace_back(size, 'a');
+        for (std::size_t place = 0; place < size; ++place) {
+            all.emplace_back(size, 'a');
+            all.back()[place] = 'b';
+        }
+    }
+    Map map;
+    int number = 0;
+    for (const std::string& key : all) {
+        const test::AtPageEnd last(key);
+        EXPECT_FALSE(map.contains(last.view())) << key;
+        EXPECT_TRUE(map.emplace(last.view(), number++).second) << key;
+    }
+    EXPECT_EQ(map.size(), all.size());
+    for (int i = 0; i < number; ++i) {
+        const std::string& key = all[static_cast<std::size_t>(i)];
+        EXPECT_EQ(map.at(test::AtPageEnd(key).view()), i) << key;
+        EXPECT_FALSE(map.contains(key + '\0')) << key;
+    }
+}
+
+TEST(StringMap, IsWalkedThroughToChangeItsValuesInPlace) {
+    Map map{{"a", 1}, {"b", 2}};
+    for (auto& [key, value] : map) {
+        value *= 10;
+    }
+    EXPECT_EQ(map.at("a"), 10);
+    EXPECT_EQ(map.at("b"), 20);
+    EXPECT_EQ(map.cbegin()->first, "a");
+    EXPECT_EQ(std::prev(map.cend())->first, "b");
+    EXPECT_EQ(std::distance(map.cbegin(), map.cend()), 2);
+    map.find("b")->second = 3;
+    EXPECT_EQ(std::as_const(map).find("b")->second, 3);
+    EXPECT_EQ(std::as_const(map).find("c"), map.cend());
+}
+
+TEST(StringMap, InsertsWhatIsNotThereYet) {
+    Map map;
+    const auto [first, is_new] = map.insert({"a", 1});
+    EXPECT_TRUE(is_new);
+    EXPECT_EQ(first->first, "a");
+    EXPECT_EQ(first->second, 1);
+    const auto [second, is_new_again] = map.insert({"a", 2});
+    EXPECT_FALSE(is_new_again);
+    EXPECT_EQ(second, first);
+    EXPECT_EQ(first->second, 1);
+    EXPECT_EQ(map.emplace("b", 3).first->first, "b");
+    EXPECT_EQ(map.insert_or_assign("a", 4).first, first);
+    EXPECT_EQ(first->second, 4);
+    EXPECT_EQ(map["c"], 0);
+    EXPECT_EQ(map.size(), 3U);
+}
+
+TEST(StringMap, SaysWhichKeyIsNotThere) {
+    const Map map{{"a", 1}};
+    EXPECT_EQ(map.at("a"), 1);
+    try {
+        map.at("b");
+        ADD_FAILURE() << "no failure";
+    } catch (const std::out_of_range& error) {
+        EXPECT_STREQ(error.what(), "StringMap: no key 'b'");
+    }
+}
+
+TEST(StringMap, SwapsAllThatItHolds) {
+    Map one{{"a", 1}};
+    Map other{{"b", 2}, {"c", 3}};
+    one.swap(other);
+    EXPECT_THAT(keys(one), testing::ElementsAre("b", "c"));
+    EXPECT_THAT(keys(other), testing::ElementsAre("a"));
+    EXPECT_TRUE(one.contains("c"));
+    EXPECT_FALSE(one.contains("a"));
+    EXPECT_TRUE(other.contains("a"));
 }
 
 TEST(StringMap, KeepsReferencesWhileItGrows) {
