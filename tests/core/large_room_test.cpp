@@ -57,9 +57,13 @@ TEST(ReserveRoom, AsksForLargePagesForLongListsAlone) {
     if (!std::filesystem::exists("/sys/kernel/mm/transparent_hugepage/enabled")) {
         GTEST_SKIP() << "this kernel has no large pages to ask for";
     }
+    constexpr std::size_t longest_kept = std::size_t{32} << 20;  // by the allocator, once it has been freed
     std::vector<char> small;
-    reserve_room(small, large / 4);
-    EXPECT_FALSE(is_advised(small.data() + large / 8));
+    reserve_room(small, longest_kept);
+    EXPECT_FALSE(is_advised(small.data() + longest_kept / 2));
+    std::vector<char> longer;
+    reserve_room(longer, longest_kept + 1);
+    EXPECT_TRUE(is_advised(longer.data() + longest_kept / 2));
     std::vector<char> list;
     reserve_room(list, large);
     EXPECT_TRUE(is_advised(list.data() + large / 2));
