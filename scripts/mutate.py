@@ -83,12 +83,11 @@ def read_known(reports):
     """What earlier runs found, but for the survivors: (source, line before, line after) to the record. Of equal lines,
     one that survived has all of them tried again."""
     known = {}
-    for report in reports:
+    for report in reports:  # a later one has the last word
         with open(report, encoding="utf-8") as file:
-            records = {(record["path"], record["before"], record["after"]): record
-                       for record in sorted(map(json.loads, file), key=lambda record: record["result"] == "survived")}
-        known.update({key: record for key, record in records.items() if record["result"] != "survived"})
-    return known
+            known |= {(record["path"], record["before"], record["after"]): record
+                      for record in sorted(map(json.loads, file), key=lambda record: record["result"] == "survived")}
+    return {key: record for key, record in known.items() if record["result"] != "survived"}
 
 
 def measured(workshop):
@@ -185,8 +184,8 @@ def main():
     library = Library(root, os.path.abspath(os.path.join(root, options.build)))
     workshops = [Workshop(library, os.path.abspath(options.tests), f"{library.build}-{number}")
                  for number in range(options.jobs)]
+    known = read_known(options.known)  # before the report is opened, which may be the same file
     run = Run(sources, measured(workshops[0]), options)
-    known = read_known(options.known)
     mutants = queue.Queue()
     for mutant in chosen(sources, equivalents, options):
         records = [known[key] for text in mutant.texts if (key := sources.key(mutant, text)) in known]

@@ -10,7 +10,7 @@
 namespace velk::input::amesp {
 namespace {
 
-__extension__ using Wide = unsigned __int128;  // 53 bits times 10^10 need 87
+__extension__ using Wide = unsigned __int128;  // 53 bits times 10^10, shifted by up to 30, need 117
 
 constexpr std::uint64_t ten_to_8 = 100000000;
 constexpr std::uint64_t scale = 10000000000;

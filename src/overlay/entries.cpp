@@ -78,9 +78,18 @@ bool reads_as(const Overlay& overlay, std::string_view opening, std::string_view
            (read.key == wanted.key || canonical(read.key) == canonical(wanted.key));
 }
 
-// How the key may be written, in the order to be tried: as rendering would, then as given.
+bool has_blank(std::string_view key) {
+    return std::any_of(key.begin(), key.end(), is_space);
+}
+
+// How the key may be written, in the order to be tried: the canonical name, then as given. A key with a blank comes
+// last: it would be another entry to everyone who does not look for the '='.
 auto spellings(const Overlay& overlay, std::string_view section, std::string_view key) {
-    return std::array{overlay.schema.canonical_entry(section, key), std::string(trim_view(key))};
+    std::array keys{overlay.schema.canonical_entry(section, key), std::string(trim_view(key))};
+    if (has_blank(keys.front())) {
+        std::swap(keys.front(), keys.back());
+    }
+    return keys;
 }
 
 std::string name_of(const SectionChange& change, const SectionEntry& entry) {
@@ -148,8 +157,8 @@ std::string separator_for(std::string_view key, const EntryStyle& style) {
 std::string line_with_key(const Overlay& overlay, std::string_view opening, const SectionEntry& entry,
                           const EntryStyle& style, std::string_view key) {
     const std::string_view value = trim_view(entry.value);
-    if (std::any_of(key.begin(), key.end(), is_space)) {
-        return {};  // would be another entry to everyone who does not look for the '='
+    if (has_blank(key)) {
+        return {};
     }
     std::string same_style(style.indent);
     same_style += key;

@@ -111,9 +111,10 @@ TEST(ChangedRecords, AreSpelledAsTheyWereGivenWhereTheCanonicalNameHoldsABlank) 
         "sections: {scf: {parse_mode: key_value, entries: {my key: {aliases: [mykey]}, note: }}}");
     const std::string text = ">scf\n  note x\nend\n";
     AIPData data = AIPParser::parse_string(text, schema, {true, false}).data;
+    data.sections[0].entries[0].key = "MyKey";
     data.sections[0].entries.push_back({"MyKey", "1", true, "", {}});
     const auto result = AIPEditor(data, schema).render_over(text);
-    EXPECT_EQ(result.text, ">scf\n  note x\n  MyKey 1\nend\n");
+    EXPECT_EQ(result.text, ">scf\n  MyKey x\n  MyKey 1\nend\n");
     EXPECT_TRUE(result.problems.empty());
 }
 

@@ -164,7 +164,8 @@ private:
         return mixed ^ mixed >> 32U;
     }
 
-    // Names are short: this and the comparison are most of what a look-up costs.
+    // Names are short: this and the comparison are most of what a look-up costs. The library looks up what its callers
+    // filled in: another hash is another binary interface.
     static std::uint64_t hash(std::string_view key, const Ends& ends) noexcept {
         std::uint64_t mixed = mix(mix(key.size(), ends.first), ends.last);
         for (std::size_t place = sizeof(std::uint64_t); place + sizeof(std::uint64_t) < key.size();
