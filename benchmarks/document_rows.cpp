@@ -39,15 +39,23 @@ auto parse_small() {
                    [] { return floor_parse(small_text(), names()); });
 }
 
-// From text to edited, valid text.
-std::string edit_text() {
-    AIPEditor editor = edited(small_text());
-    return editor.validate().empty() ? editor.render() : std::string();
+// From text to edited, valid text; empty when it is not valid. The document lives on, as the floor's does.
+struct EditedText {
+    AIPEditor editor;
+    std::string text;
+};
+
+EditedText edit_text() {
+    EditedText result{edited(small_text()), {}};
+    if (result.editor.validate().empty()) {
+        result.text = result.editor.render();
+    }
+    return result;
 }
 
 auto edit_small() {
     require(parsed(small_text()) == floor_parse(small_text(), names()), "the floor reads another document");
-    require(!edit_text().empty(), "the document is not valid");
+    require(!edit_text().text.empty(), "the document is not valid");
     return Contest([] { return edit_text(); }, [] { return floor_parse(small_text(), names()); });
 }
 

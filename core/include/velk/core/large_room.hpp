@@ -19,11 +19,11 @@ void reserve_room(Container& container, std::size_t count) {
     if (size <= always_mapped) {
         return;
     }
-    const auto begin = reinterpret_cast<std::uintptr_t>(container.data());
-    const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
-    const std::uintptr_t first_page = (begin + page - 1) / page * page;
+    const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    const std::size_t behind_page_start = reinterpret_cast<std::uintptr_t>(container.data()) % page;
+    const std::size_t skipped = (page - behind_page_start) % page;
     // Advice only: where it is not taken, nothing else changes.
-    static_cast<void>(::madvise(reinterpret_cast<void*>(first_page), size - (first_page - begin), MADV_HUGEPAGE));
+    static_cast<void>(::madvise(reinterpret_cast<char*>(container.data()) + skipped, size - skipped, MADV_HUGEPAGE));
 }
 
 }  // namespace velk::core
