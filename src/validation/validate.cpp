@@ -1,9 +1,10 @@
 // The rules that a document must satisfy, in the order in which they are reported.
-#include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -114,7 +115,10 @@ private:
     void check_entries(const Section& section, const SectionSpec& spec, const queries::Match<SectionSpec>& names) {
         const std::string_view name = names.canonical;
         const std::vector<const ValueSpec*>& required = rules_.required_entries(spec);
-        std::vector<std::string> present;
+        std::optional<std::unordered_set<std::string>> present;  // made where something is required, which is rare
+        if (!required.empty()) {
+            present.emplace();
+        }
         for (const SectionEntry& entry : section.entries) {
             const Key key(entry.key);
             const std::string_view entry_name =
@@ -124,13 +128,12 @@ private:
             } else {
                 add(issues::unknown_entry(entry, name));
             }
-            if (!required.empty()) {
-                present.emplace_back(entry_name);
+            if (present) {
+                present->emplace(entry_name);
             }
         }
-        std::sort(present.begin(), present.end());
         for (const ValueSpec* const value : required) {
-            if (!std::binary_search(present.begin(), present.end(), value->name)) {
+            if (!present->contains(value->name)) {
                 add(issues::missing_required_entry(name, value->name, section.location));
             }
         }
