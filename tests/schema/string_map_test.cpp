@@ -201,5 +201,18 @@ TEST(StringMap, EqualsAMapWithTheSamePairsInAnyOrder) {
     EXPECT_NE((Map{{"a", 1}}), (Map{{"a", 1}, {"b", 1}}));
 }
 
+// Wherever the four keys of a full table stand, a walk from any place comes to a free one.
+TEST(StringMap, FindsNoNameThatIsNotThereInManySmallMaps) {
+    for (int map_number = 0; map_number < 200; ++map_number) {
+        StringMap<int> map;
+        for (int key = 0; key < 4; ++key) {
+            map.emplace(std::to_string(map_number) + "-" + std::to_string(key), key);
+        }
+        for (int other = 0; other < 20; ++other) {
+            EXPECT_FALSE(map.contains(std::to_string(other) + "+" + std::to_string(map_number)));
+        }
+    }
+}
+
 }  // namespace
 }  // namespace velk::input::amesp
