@@ -21,6 +21,14 @@ if grep -rln 'yaml-cpp' src include core --include='*.[ch]pp' | grep -v '^src/sc
   echo "only src/schema/loader.cpp may see yaml-cpp" >&2
   status=1
 fi
+only() {  # only PATTERN FILE: no other file of the program includes it
+  if grep -rlE "#include <$1" tools | grep -v "^$2\$"; then
+    echo "only $2 may include <$1...>" >&2
+    status=1
+  fi
+}
+only CLI/ tools/cli/command_line.cpp
+only nlohmann/ tools/cli/json_text.cpp
 if grep -rnE '<(iostream|fstream|regex)>' src core include; then
   echo "no streams of files and no regular expressions in the library" >&2
   status=1

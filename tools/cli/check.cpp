@@ -1,14 +1,14 @@
 // amesp-inp check: findings of many files, in order, whatever the number of threads.
+#include "check.hpp"
+
 #include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <memory>
 #include <mutex>
 #include <optional>
 #include <stdexcept>
@@ -21,26 +21,13 @@
 #include "exit_status.hpp"
 #include "inputs.hpp"
 #include "output.hpp"
+#include "progress.hpp"
 #include "schema_source.hpp"
-#include "subcommands.hpp"
 
 namespace amesp_inp {
 namespace {
 
 using velk::input::amesp::InputSchema;
-
-struct CheckOptions {
-    InputOptions inputs;
-    std::string schema_path;
-    std::string format = "text";
-    std::string fail_on = "error";
-    std::string color = "auto";
-    std::string fix;
-    bool diff = false;
-    bool canonical = false;
-    bool quiet = false;
-    unsigned threads = 0;  // as many as there are processors
-};
 
 struct Totals {
     std::size_t files = 0;
@@ -100,46 +87,6 @@ void in_order(std::size_t count, unsigned threads, Make make, Use use) {
         use(std::move(result));
     }
 }
-
-// A bar on standard error, once the work turns out to be long.
-class Progress {
-public:
-    Progress(std::size_t total, bool wanted)
-        : total_(total), wanted_(wanted && total > 1 && ::isatty(STDERR_FILENO) == 1) {}
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-    ~Progress() { clear(); }
-
-    void step() {
-        ++done_;
-        const auto now = Clock::now();
-        if (!wanted_ || now < next_) {
-            return;
-        }
-        constexpr int width = 30;
-        const int filled = static_cast<int>(done_ * width / total_);
-        std::fprintf(stderr, "\r[%.*s%*s] %zu/%zu", filled, "##############################", width - filled, "", done_,
-                     total_);
-        shown_ = true;
-        next_ = now + std::chrono::milliseconds(100);
-    }
-
-    // Takes the bar away before something else is printed.
-    void clear() {
-        if (shown_) {
-            std::fputs("\r\033[K", stderr);
-            shown_ = false;
-        }
-    }
-
-private:
-    using Clock = std::chrono::steady_clock;
-    std::size_t total_;
-    bool wanted_;
-    bool shown_ = false;
-    std::size_t done_ = 0;
-    Clock::time_point next_ = Clock::now() + std::chrono::seconds(1);
-};
 
 std::string counted(std::size_t count, const char* noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
@@ -219,6 +166,8 @@ void print_report(const FileReport& report, const FileCheck& check, bool is_firs
     }
 }
 
+}  // namespace
+
 int run_check(const CheckOptions& options) {
     const InputSchema schema = load_schema(options.schema_path);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
@@ -251,45 +200,6 @@ int run_check(const CheckOptions& options) {
         print_summary(totals, options.diff);
     }
     return exit_status(totals, options.fail_on);
-}
-
-}  // namespace
-
-void add_check(CLI::App& program, Run& run) {
-    auto options = std::make_shared<CheckOptions>();
-    CLI::App* const check = program.add_subcommand("check", "Prints what is wrong with input files.");
-    check->footer(
-        "Examples:\n"
-        "  amesp-inp check water.inp             one file\n"
-        "  amesp-inp check -j 8 jobs/            every *.inp and *.aip file below a directory\n"
-        "  amesp-inp check --format json *.inp   for other programs\n"
-        "  amesp-inp check --fix --diff *.inp    what the certain fixes would change\n"
-        "  make-input | amesp-inp check -        standard input");
-    add_input_options(*check, options->inputs);
-    add_schema_option(*check, options->schema_path);
-    auto* const format = check->add_option("--format", options->format, "How findings are printed (default: text)")
-                             ->check(CLI::IsMember({"text", "json"}));
-    check->add_option("--fail-on", options->fail_on, "Findings that make the exit status 1 (default: error)")
-        ->check(CLI::IsMember({"error", "warning", "never"}));
-    check->add_option("--color", options->color, "Colours in text (default: auto; NO_COLOR is heeded)")
-        ->check(CLI::IsMember({"auto", "always", "never"}));
-    auto* const fix = check
-                          ->add_flag("--fix{certain}", options->fix,
-                                     "Fix the files, then check them: missing ends; with --fix=all also names that are "
-                                     "near to one known name")
-                          ->check(CLI::IsMember({"certain", "all"}));
-    check
-        ->add_flag("--diff", options->diff,
-                   "Print the fixes, for patch -p1, and write nothing; findings go to standard error")
-        ->needs(fix)
-        ->excludes(format);
-    add_canonical_option(*check, options->canonical);
-    check->get_option("--canonical")->needs(fix);
-    check->add_flag("-q,--quiet", options->quiet, "No summary and no progress bar");
-    check->add_option("-j,--jobs", options->threads, "Worker threads (default: the number of processors)")
-        ->type_name("N")
-        ->check(CLI::Range(1U, 1024U));
-    check->callback([options, &run] { run = [options] { return run_check(*options); }; });
 }
 
 }  // namespace amesp_inp

@@ -18,15 +18,6 @@ void write(const std::string& path, const std::string& text) {
 
 }  // namespace
 
-void add_edit_options(CLI::App& subcommand, EditOutput& output) {
-    subcommand.add_flag("-i,--in-place", output.in_place, "Rewrite the files");
-    subcommand.add_flag("--force", output.force, "Write also where content is lost or the input becomes invalid");
-}
-
-void add_canonical_option(CLI::App& subcommand, bool& canonical) {
-    subcommand.add_flag("--canonical", canonical, "Write the whole text in canonical form, not the changes alone");
-}
-
 void deliver(const EditOutput& output, const Input& input, std::string_view before, const std::string& after) {
     if (output.diff) {
         print(unified_diff(before, after, input.name));

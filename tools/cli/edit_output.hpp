@@ -1,7 +1,6 @@
 // Where the text of an edited input goes.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <stdexcept>
 #include <string>
@@ -22,12 +21,6 @@ struct EditOutput {
     bool canonical = false;  // rendered in full instead of laid over the text
     std::string path;        // of another file to write
 };
-
-// Adds --in-place and --force.
-void add_edit_options(CLI::App& subcommand, EditOutput& output);
-
-// Adds --canonical.
-void add_canonical_option(CLI::App& subcommand, bool& canonical);
 
 // Prints the text, its difference, or writes it atomically, as asked; a file that would not change is not written.
 // Throws std::runtime_error, "cannot write 'NAME'", when that fails.

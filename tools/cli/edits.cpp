@@ -17,13 +17,6 @@ namespace {
 
 using namespace velk::input::amesp;
 
-struct EditName {
-    EditKind kind;
-    const char* option;
-    const char* argument;
-    const char* help;
-};
-
 constexpr std::array edit_names = {
     EditName{EditKind::set_directive, "--directive", "NAME=VALUE", "Set a directive"},
     EditName{EditKind::unset_directive, "--unset-directive", "NAME", "Remove a directive"},
@@ -36,10 +29,6 @@ constexpr std::array edit_names = {
     EditName{EditKind::set_geometry, "--geometry", "MOL.xyz", "Replace the geometry by that of an XYZ file"},
 };
 
-const EditName& name_of(EditKind kind) {
-    return edit_names[static_cast<std::size_t>(kind)];
-}
-
 // The argument before and after its first `separator`; both must not be empty unless `may_end` is set.
 std::pair<std::string, std::string> split(EditKind kind, const std::string& argument, char separator, bool may_end) {
     const std::size_t place = argument.find(separator);
@@ -50,33 +39,8 @@ std::pair<std::string, std::string> split(EditKind kind, const std::string& argu
     return {argument.substr(0, place), argument.substr(place + 1)};
 }
 
-}  // namespace
-
-void Edits::add_option(CLI::App& subcommand, EditKind kind) {
-    subcommand_ = &subcommand;
-    const EditName& name = name_of(kind);
-    auto* const option = subcommand.add_option(name.option)->description(name.help)->type_name(name.argument);
-    option->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    options_.push_back({kind, option});
-}
-
-void Edits::add_charge_options(CLI::App& subcommand) {
-    subcommand.add_option("--charge", charge_, "Charge of the new geometry")->type_name("Q");
-    subcommand.add_option("--multiplicity", multiplicity_, "Spin multiplicity of the new geometry")->type_name("M");
-}
-
-void Edits::apply(AIPEditor& editor) const {
-    std::vector<std::size_t> used(options_.size());
-    for (const CLI::Option* const parsed : subcommand_->parse_order()) {
-        for (std::size_t i = 0; i < options_.size(); ++i) {
-            if (options_[i].option == parsed) {
-                apply_one(editor, options_[i].kind, parsed->results()[used[i]++]);
-            }
-        }
-    }
-}
-
-void Edits::apply_one(AIPEditor& editor, EditKind kind, const std::string& argument) const {
+void apply(AIPEditor& editor, const Edit& edit, const Edits& edits) {
+    const auto& [kind, argument] = edit;
     switch (kind) {
         case EditKind::set_directive: {
             const auto [name, value] = split(kind, argument, '=', true);
@@ -106,7 +70,19 @@ void Edits::apply_one(AIPEditor& editor, EditKind kind, const std::string& argum
             editor.remove_section(argument);
             return;
         case EditKind::set_geometry:
-            return set_geometry(editor, argument, charge_, multiplicity_);
+            return set_geometry(editor, argument, edits.charge, edits.multiplicity);
+    }
+}
+
+}  // namespace
+
+const EditName& name_of(EditKind kind) {
+    return edit_names[static_cast<std::size_t>(kind)];
+}
+
+void apply(AIPEditor& editor, const Edits& edits) {
+    for (const Edit& edit : edits.in_order) {
+        apply(editor, edit, edits);
     }
 }
 

@@ -1,7 +1,6 @@
 // Edits as the command line spells them, for the subcommands that change or make an input.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -25,32 +24,32 @@ enum class EditKind {
     set_geometry,
 };
 
-// The edits of one command line, in the order given.
-class Edits {
-public:
-    // Adds the option of an edit to a subcommand, which must outlive this.
-    void add_option(CLI::App& subcommand, EditKind kind);
-    void add_charge_options(CLI::App& subcommand);
+// How the command line spells an edit.
+struct EditName {
+    EditKind kind;
+    const char* option;
+    const char* argument;
+    const char* help;
+};
+const EditName& name_of(EditKind kind);
 
-    // Charge and multiplicity come from the options, else from the XYZ file, else from the geometry that is replaced.
-    // Throws std::runtime_error for an argument of the wrong form and for an XYZ file that cannot be read.
-    void apply(velk::input::amesp::AIPEditor& editor) const;
-
-private:
-    struct Option {
-        EditKind kind;
-        CLI::Option* option;
-    };
-
-    void apply_one(velk::input::amesp::AIPEditor& editor, EditKind kind, const std::string& argument) const;
-
-    const CLI::App* subcommand_ = nullptr;
-    std::vector<Option> options_;
-    std::optional<std::int32_t> charge_;
-    std::optional<std::int32_t> multiplicity_;
+struct Edit {
+    EditKind kind;
+    std::string argument;
 };
 
-// Replaces the geometry by one from an XYZ file, as said for Edits::apply.
+// The edits of one command line.
+struct Edits {
+    std::vector<Edit> in_order;
+    std::optional<std::int32_t> charge;
+    std::optional<std::int32_t> multiplicity;
+};
+
+// Charge and multiplicity come from the options, else from the XYZ file, else from the geometry that is replaced.
+// Throws std::runtime_error for an argument of the wrong form and for an XYZ file that cannot be read.
+void apply(velk::input::amesp::AIPEditor& editor, const Edits& edits);
+
+// Replaces the geometry by one from an XYZ file, as said for `apply`.
 void set_geometry(velk::input::amesp::AIPEditor& editor, const std::string& xyz_path,
                   std::optional<std::int32_t> charge, std::optional<std::int32_t> multiplicity);
 

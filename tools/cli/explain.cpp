@@ -1,13 +1,13 @@
 // amesp-inp explain: what a code means and how to mend its cause.
+#include "explain.hpp"
+
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <velk/core/text_view.hpp>
 
 #include "codes.hpp"
 #include "exit_status.hpp"
 #include "output.hpp"
-#include "subcommands.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -67,15 +67,8 @@ int explain_code(std::string code) {
 
 }  // namespace
 
-void add_explain(CLI::App& program, Run& run) {
-    auto code = std::make_shared<std::string>();
-    CLI::App* const explain = program.add_subcommand("explain", "Says what a code means and how to mend its cause.");
-    explain->footer(
-        "Examples:\n"
-        "  amesp-inp explain amesp.unterminated_section\n"
-        "  amesp-inp explain                             lists all codes");
-    explain->add_option("CODE", *code, "The code in brackets at the end of a finding");
-    explain->callback([code, &run] { run = [code] { return code->empty() ? list_codes() : explain_code(*code); }; });
+int run_explain(const ExplainOptions& options) {
+    return options.code.empty() ? list_codes() : explain_code(options.code);
 }
 
 }  // namespace amesp_inp

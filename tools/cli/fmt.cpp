@@ -1,5 +1,6 @@
 // amesp-inp fmt: input files in canonical form.
-#include <memory>
+#include "fmt.hpp"
+
 #include <utility>
 #include <velk/input/amesp/editor.hpp>
 #include <velk/input/amesp/parser.hpp>
@@ -7,19 +8,11 @@
 #include "edit_output.hpp"
 #include "rendering_changes.hpp"
 #include "schema_source.hpp"
-#include "subcommands.hpp"
 
 namespace amesp_inp {
 namespace {
 
 using namespace velk::input::amesp;
-
-struct FmtOptions {
-    InputOptions inputs;
-    EditOutput output;
-    std::string schema_path;
-    bool check = false;
-};
 
 // A comment that only a dropped marker kept below the head is read as a header comment the next time, which changes the
 // blank lines around it: what is written shall be what formatting it again gives.
@@ -65,29 +58,12 @@ int format_file(const FmtOptions& options, const Input& input, const InputSchema
     return exit_clean;
 }
 
+}  // namespace
+
 int run_fmt(const FmtOptions& options) {
     const InputSchema schema = load_schema(options.schema_path);
     return for_each_input(collect_inputs(options.inputs),
                           [&](const Input& input) { return format_file(options, input, schema); });
-}
-
-}  // namespace
-
-void add_fmt(CLI::App& program, Run& run) {
-    auto options = std::make_shared<FmtOptions>();
-    CLI::App* const fmt = program.add_subcommand("fmt", "Writes input files in canonical form.");
-    fmt->footer(
-        "Examples:\n"
-        "  amesp-inp fmt water.inp            prints the canonical text\n"
-        "  amesp-inp fmt -i jobs/             rewrites every *.inp and *.aip file below a directory\n"
-        "  amesp-inp fmt --check *.inp        lists the files that would change\n"
-        "  amesp-inp fmt --diff water.inp     shows what would change, for patch -p1");
-    add_input_options(*fmt, options->inputs);
-    add_schema_option(*fmt, options->schema_path);
-    add_edit_options(*fmt, options->output);
-    fmt->add_flag("--check", options->check, "List the files that would change; exit status 1 if there are any");
-    fmt->add_flag("--diff", options->output.diff, "Print the change instead of the text");
-    fmt->callback([options, &run] { run = [options] { return run_fmt(*options); }; });
 }
 
 }  // namespace amesp_inp

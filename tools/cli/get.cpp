@@ -1,23 +1,17 @@
 // amesp-inp get: values of an input file, for scripts.
-#include <memory>
+#include "get.hpp"
+
 #include <optional>
 #include <velk/input/amesp/parser.hpp>
 
 #include "edit_output.hpp"
 #include "numbers.hpp"
 #include "schema_source.hpp"
-#include "subcommands.hpp"
 
 namespace amesp_inp {
 namespace {
 
 using namespace velk::input::amesp;
-
-struct GetOptions {
-    std::string path;
-    std::vector<std::string> keys;
-    std::string schema_path;
-};
 
 std::optional<std::string> directive_value(const AIPData& data, const InputSchema& schema, const std::string& name) {
     const Directive* const directive = data.find_directive(schema.canonical_directive(name));
@@ -79,6 +73,8 @@ std::optional<std::string> value_of(const AIPData& data, const InputSchema& sche
     return entry == nullptr ? std::nullopt : std::optional(entry->value);
 }
 
+}  // namespace
+
 int run_get(const GetOptions& options) {
     const InputSchema schema = load_schema(options.schema_path);
     const Input input{options.path, options.path == "-" ? "<stdin>" : options.path};
@@ -93,23 +89,6 @@ int run_get(const GetOptions& options) {
         }
     }
     return status;
-}
-
-}  // namespace
-
-void add_get(CLI::App& program, Run& run) {
-    auto options = std::make_shared<GetOptions>();
-    CLI::App* const get = program.add_subcommand("get", "Prints values of an input file.");
-    get->footer(
-        "Examples:\n"
-        "  amesp-inp get water.inp %maxcore            a directive\n"
-        "  amesp-inp get water.inp '!'                 the tokens of the method line\n"
-        "  amesp-inp get water.inp scf.maxcyc          an entry of a section\n"
-        "  amesp-inp get water.inp '>xyz.charge' '>xyz.multiplicity' '>xyz.atoms'");
-    get->add_option("FILE", options->path, "Input file; - is standard input")->required();
-    get->add_option("KEY", options->keys, "What to print, one line each (atoms: one line an atom)")->required();
-    add_schema_option(*get, options->schema_path);
-    get->callback([options, &run] { run = [options] { return run_get(*options); }; });
 }
 
 }  // namespace amesp_inp

@@ -85,16 +85,6 @@ std::string read_standard_input() {
 
 }  // namespace
 
-void add_input_options(CLI::App& subcommand, InputOptions& options) {
-    subcommand.add_option("FILE", options.paths, "Input files or directories; - is standard input")->required();
-    subcommand.add_option("--pattern", options.patterns, "Files to take from directories (default: *.inp *.aip)")
-        ->type_name("GLOB")
-        ->expected(1)
-        ->take_all();
-    subcommand.add_option("--stdin-filename", options.stdin_name, "What messages call standard input")
-        ->type_name("NAME");
-}
-
 std::vector<Input> collect_inputs(const InputOptions& options) {
     std::vector<Input> inputs;
     for (const std::string& path : options.paths) {

@@ -1,7 +1,6 @@
 // The files that a subcommand works on.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <vector>
 
@@ -13,7 +12,6 @@ struct InputOptions {
     std::vector<std::string> patterns = {"*.inp", "*.aip"};
     std::string stdin_name = "<stdin>";
 };
-void add_input_options(CLI::App& subcommand, InputOptions& options);
 
 struct Input {
     std::string path;  // "-" is standard input

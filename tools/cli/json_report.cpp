@@ -1,17 +1,10 @@
-// Findings as JSON, written piece by piece: to take a tree of JSON values down needs memory, and where there is none
-// left that would end the program in the middle of its work.
+// Findings as JSON.
 #include "json_report.hpp"
 
-#include <nlohmann/json.hpp>
+#include "json_text.hpp"
 
 namespace amesp_inp {
 namespace {
-
-// A string with its quotes and escapes; bytes that are no UTF-8 are replaced.
-std::string quoted(const std::string& text) {
-    using Json = nlohmann::json;
-    return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
-}
 
 template <class Items, class Write>
 std::string list_of(const Items& items, Write write) {
@@ -33,25 +26,25 @@ std::string range_of(const SourceLocation& location) {
 }
 
 std::string json_of(const Note& note) {
-    return "{\"message\":" + quoted(note.message) + ",\"range\":" + range_of(note.location) + "}";
+    return "{\"message\":" + json_string(note.message) + ",\"range\":" + range_of(note.location) + "}";
 }
 
 std::string json_of(const Finding& finding) {
     std::string json = "{\"severity\":";
     json += finding.severity == IssueSeverity::Error ? "\"error\"" : "\"warning\"";
-    json += ",\"code\":" + quoted(finding.code);
-    json += ",\"message\":" + quoted(finding.message);
+    json += ",\"code\":" + json_string(finding.code);
+    json += ",\"message\":" + json_string(finding.message);
     json += ",\"range\":" + range_of(finding.location);
     json += ",\"notes\":" + list_of(finding.notes, [](const Note& note) { return json_of(note); });
-    json += ",\"help\":" + list_of(finding.helps, quoted);
+    json += ",\"help\":" + list_of(finding.helps, json_string);
     return json + "}";
 }
 
 }  // namespace
 
 std::string json_report(const FileFindings& file) {
-    std::string json = "{\"file\":" + quoted(file.name);
-    json += ",\"error\":" + (file.error.empty() ? "null" : quoted(file.error));
+    std::string json = "{\"file\":" + json_string(file.name);
+    json += ",\"error\":" + (file.error.empty() ? "null" : json_string(file.error));
     json += ",\"findings\":" + list_of(file.findings, [](const Finding& finding) { return json_of(finding); });
     return json + "}";
 }

@@ -15,8 +15,9 @@ bool flush_output() {
     return std::cout.good();
 }
 
-void complain(std::string_view message) {
-    std::string line = "amesp-inp: ";
+namespace {
+
+void print_message(std::string line, std::string_view message) {
     for (std::size_t feed = message.find('\n'); feed != std::string_view::npos; feed = message.find('\n')) {
         append_printable(line, message.substr(0, feed));  // a message may have several lines
         line += '\n';
@@ -25,6 +26,17 @@ void complain(std::string_view message) {
     append_printable(line, message);
     line += '\n';
     std::fputs(line.c_str(), stderr);
+}
+
+}  // namespace
+
+void complain(std::string_view message) {
+    print_message("amesp-inp: ", message);
+}
+
+void complain_about_usage(const std::string& verb, const std::string& message) {
+    const std::string program = verb.empty() ? "amesp-inp" : "amesp-inp " + verb;
+    print_message(program + ": ", message + "\nTry '" + program + " --help'.");
 }
 
 void append_printable(std::string& out, std::string_view text) {

@@ -15,6 +15,9 @@ bool flush_output();
 // One line on standard error: "amesp-inp: MESSAGE".
 void complain(std::string_view message);
 
+// The same for a mistake on the command line, with the verb that it was made with (empty: none) and where its help is.
+void complain_about_usage(const std::string& verb, const std::string& message);
+
 // `text` without what a terminal would act on: control characters, those of UTF-8 included, become '?', a tab stays.
 void append_printable(std::string& out, std::string_view text);
 

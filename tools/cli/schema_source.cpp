@@ -26,11 +26,6 @@ std::string places_searched() {
 
 }  // namespace
 
-void add_schema_option(CLI::App& subcommand, std::string& path) {
-    subcommand.add_option("--schema", path, "Schema file (default: the one that is installed, see the README)")
-        ->type_name("FILE");
-}
-
 velk::input::amesp::InputSchema load_schema(const std::string& path) {
     const std::string found = path.empty() ? velk::input::amesp::resolve_schema_path("") : path;
     if (found.empty()) {

@@ -1,14 +1,10 @@
 // The schema that a run of the program uses.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <velk/input/amesp/schema.hpp>
 
 namespace amesp_inp {
-
-// Adds the option --schema to a subcommand.
-void add_schema_option(CLI::App& subcommand, std::string& path);
 
 // The schema at `path`, or the default one when it is empty. Throws std::runtime_error, with a message that says what
 // is wrong or where a schema was looked for, when there is none to be had.

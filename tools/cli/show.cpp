@@ -1,78 +1,20 @@
 // amesp-inp show: a parsed document as JSON, every record with every field.
-#include <memory>
-#include <nlohmann/json.hpp>
+#include "show.hpp"
+
+#include <optional>
 #include <string>
+#include <vector>
 #include <velk/input/amesp/parser.hpp>
 
 #include "exit_status.hpp"
 #include "inputs.hpp"
-#include "output.hpp"
+#include "json_writer.hpp"
 #include "schema_source.hpp"
-#include "subcommands.hpp"
 
 namespace amesp_inp {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using namespace velk::input::amesp;
-
-Json json_of(const std::optional<SourceLocation>& location) {
-    if (!location) {
-        return nullptr;
-    }
-    return {{"line", location->line}, {"column", location->column}, {"length", location->length}};
-}
-
-Json json_of(const std::optional<std::int32_t>& number) {
-    return number ? Json(*number) : Json(nullptr);
-}
-
-Json json_of(const Directive& directive) {
-    return {{"name", directive.name},
-            {"value", directive.value},
-            {"known", directive.known},
-            {"location", json_of(directive.location)}};
-}
-
-Json json_of(const MethodToken& token) {
-    return {{"text", token.text},
-            {"canonical", token.canonical},
-            {"category", token.category},
-            {"known", token.known},
-            {"location", json_of(token.location)}};
-}
-
-Json json_of(const SectionEntry& entry) {
-    return {{"key", entry.key},
-            {"value", entry.value},
-            {"known", entry.known},
-            {"raw_line", entry.raw_line},
-            {"location", json_of(entry.location)}};
-}
-
-Json json_of(const AtomRecord& atom) {
-    return {{"symbol", atom.symbol},
-            {"x", atom.x},
-            {"y", atom.y},
-            {"z", atom.z},
-            {"raw_line", atom.raw_line},
-            {"location", json_of(atom.location)}};
-}
-
-Json json_of(const ParseWarning& warning) {
-    return {{"code", warning.code}, {"message", warning.message}, {"location", json_of(warning.location)}};
-}
-
-Json json_of(const Section& section);
-
-template <class Record>
-Json json_of(const std::vector<Record>& records) {
-    Json list = Json::array();
-    for (const Record& record : records) {
-        list.push_back(json_of(record));
-    }
-    return list;
-}
 
 const char* name_of(SectionParseMode mode) {
     switch (mode) {
@@ -86,56 +28,137 @@ const char* name_of(SectionParseMode mode) {
     return "raw";
 }
 
-Json json_of(const Section& section) {
-    return {{"name", section.name},
-            {"arguments", section.arguments},
-            {"parse_mode", name_of(section.parse_mode)},
-            {"known", section.known},
-            {"terminated", section.terminated},
-            {"charge", json_of(section.charge)},
-            {"multiplicity", json_of(section.multiplicity)},
-            {"entries", json_of(section.entries)},
-            {"atoms", json_of(section.atoms)},
-            {"raw_lines", section.raw_lines},
-            {"location", json_of(section.location)}};
-}
+// One function for each kind of value, and the fields of each record in their order.
+class DocumentWriter {
+public:
+    void write(const AIPData& data) {
+        json_.begin_object();
+        field("format", std::string("amesp-inp document"));
+        field("version", std::int32_t{1});
+        field("header_comments", data.header_comments);
+        field("directives", data.directives);
+        field("method_tokens", data.method_tokens);
+        field("sections", data.sections);
+        field("preserved_lines", data.preserved_lines);
+        field("warnings", data.warnings);
+        json_.end_object();
+        json_.finish();
+    }
 
-Json json_of(const AIPData& data) {
-    return {{"format", "amesp-inp document"},
-            {"version", 1},
-            {"header_comments", data.header_comments},
-            {"directives", json_of(data.directives)},
-            {"method_tokens", json_of(data.method_tokens)},
-            {"sections", json_of(data.sections)},
-            {"preserved_lines", data.preserved_lines},
-            {"warnings", json_of(data.warnings)}};
-}
+private:
+    template <class Value>
+    void field(const char* name, const Value& value) {
+        json_.key(name);
+        put(value);
+    }
 
-struct ShowOptions {
-    std::string path;
-    std::string schema_path;
+    void put(const std::string& text) { json_.string(text); }
+    void put(bool value) { json_.boolean(value); }
+    void put(double value) { json_.number(value); }
+    void put(std::int32_t value) { json_.integer(value); }
+    void put(std::uint64_t value) { json_.size(value); }
+
+    template <class Value>
+    void put(const std::optional<Value>& value) {
+        if (value) {
+            put(*value);
+        } else {
+            json_.null();
+        }
+    }
+
+    template <class Value>
+    void put(const std::vector<Value>& values) {
+        json_.begin_list();
+        for (const Value& value : values) {
+            put(value);
+        }
+        json_.end_list();
+    }
+
+    void put(const SourceLocation& location) {
+        json_.begin_object();
+        field("line", location.line);
+        field("column", location.column);
+        field("length", location.length);
+        json_.end_object();
+    }
+
+    void put(const Directive& directive) {
+        json_.begin_object();
+        field("name", directive.name);
+        field("value", directive.value);
+        field("known", directive.known);
+        field("location", directive.location);
+        json_.end_object();
+    }
+
+    void put(const MethodToken& token) {
+        json_.begin_object();
+        field("text", token.text);
+        field("canonical", token.canonical);
+        field("category", token.category);
+        field("known", token.known);
+        field("location", token.location);
+        json_.end_object();
+    }
+
+    void put(const SectionEntry& entry) {
+        json_.begin_object();
+        field("key", entry.key);
+        field("value", entry.value);
+        field("known", entry.known);
+        field("raw_line", entry.raw_line);
+        field("location", entry.location);
+        json_.end_object();
+    }
+
+    void put(const AtomRecord& atom) {
+        json_.begin_object();
+        field("symbol", atom.symbol);
+        field("x", atom.x);
+        field("y", atom.y);
+        field("z", atom.z);
+        field("raw_line", atom.raw_line);
+        field("location", atom.location);
+        json_.end_object();
+    }
+
+    void put(const Section& section) {
+        json_.begin_object();
+        field("name", section.name);
+        field("arguments", section.arguments);
+        field("parse_mode", std::string(name_of(section.parse_mode)));
+        field("known", section.known);
+        field("terminated", section.terminated);
+        field("charge", section.charge);
+        field("multiplicity", section.multiplicity);
+        field("entries", section.entries);
+        field("atoms", section.atoms);
+        field("raw_lines", section.raw_lines);
+        field("location", section.location);
+        json_.end_object();
+    }
+
+    void put(const ParseWarning& warning) {
+        json_.begin_object();
+        field("code", warning.code);
+        field("message", warning.message);
+        field("location", warning.location);
+        json_.end_object();
+    }
+
+    JsonWriter json_;
 };
+
+}  // namespace
 
 int run_show(const ShowOptions& options) {
     const InputSchema schema = load_schema(options.schema_path);
     const std::string text = read_input({options.path, options.path == "-" ? "<stdin>" : options.path});
     const ParseResult result = AIPParser::parse_string(text, schema, {true, false});
-    print(json_of(result.data).dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+    DocumentWriter().write(result.data);
     return exit_clean;
-}
-
-}  // namespace
-
-void add_show(CLI::App& program, Run& run) {
-    auto options = std::make_shared<ShowOptions>();
-    CLI::App* const show = program.add_subcommand("show", "Prints the parsed document as JSON.");
-    show->footer(
-        "Examples:\n"
-        "  amesp-inp show water.inp\n"
-        "  amesp-inp show water.inp | jq '.sections[].name'");
-    show->add_option("FILE", options->path, "Input file; - is standard input")->required();
-    add_schema_option(*show, options->schema_path);
-    show->callback([options, &run] { run = [options] { return run_show(*options); }; });
 }
 
 }  // namespace amesp_inp

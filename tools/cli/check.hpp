@@ -1,0 +1,26 @@
+// amesp-inp check.
+#pragma once
+
+#include <string>
+
+#include "inputs.hpp"
+
+namespace amesp_inp {
+
+struct CheckOptions {
+    InputOptions inputs;
+    std::string schema_path;
+    std::string format = "text";
+    std::string fail_on = "error";
+    std::string color = "auto";
+    std::string fix;  // empty, "certain" or "all"
+    bool diff = false;
+    bool canonical = false;
+    bool quiet = false;
+    unsigned threads = 0;  // as many as there are processors
+};
+
+// The exit status.
+int run_check(const CheckOptions& options);
+
+}  // namespace amesp_inp

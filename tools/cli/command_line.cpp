@@ -1,0 +1,343 @@
+// The one file that knows how options are written: the table of verbs, their options and their help.
+#include "command_line.hpp"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include "check.hpp"
+#include "exit_status.hpp"
+#include "explain.hpp"
+#include "fmt.hpp"
+#include "geom.hpp"
+#include "get.hpp"
+#include "new.hpp"
+#include "output.hpp"
+#include "set.hpp"
+#include "show.hpp"
+
+namespace amesp_inp {
+namespace {
+
+using Run = std::function<int()>;
+
+// Options that outlive the reading of the command line, since what is run refers to them.
+template <class Options>
+std::shared_ptr<Options> call_with_options(CLI::App& verb, Run& run, int (*call)(const Options&)) {
+    auto options = std::make_shared<Options>();
+    verb.callback([options, call, &run] { run = [options, call] { return call(*options); }; });
+    return options;
+}
+
+void add_input_options(CLI::App& verb, InputOptions& options) {
+    verb.add_option("FILE", options.paths, "Input files or directories; - is standard input")->required();
+    verb.add_option("--pattern", options.patterns, "Files to take from directories (default: *.inp *.aip)")
+        ->type_name("GLOB")
+        ->expected(1)
+        ->take_all();
+    verb.add_option("--stdin-filename", options.stdin_name, "What messages call standard input")->type_name("NAME");
+}
+
+void add_input_file(CLI::App& verb, std::string& path) {
+    verb.add_option("FILE", path, "Input file; - is standard input")->required();
+}
+
+void add_schema_option(CLI::App& verb, std::string& path) {
+    verb.add_option("--schema", path, "Schema file (default: the one that is installed, see the README)")
+        ->type_name("FILE");
+}
+
+void add_edit_options(CLI::App& verb, EditOutput& output) {
+    verb.add_flag("-i,--in-place", output.in_place, "Rewrite the files");
+    verb.add_flag("--force", output.force, "Write also where content is lost or the input becomes invalid");
+}
+
+CLI::Option* add_canonical_option(CLI::App& verb, bool& canonical) {
+    return verb.add_flag("--canonical", canonical, "Write the whole text in canonical form, not the changes alone");
+}
+
+void add_other_outputs(CLI::App& verb, EditOutput& output) {
+    verb.add_option("-o,--output", output.path, "Write to this file")
+        ->type_name("OUT")
+        ->excludes(verb.get_option("--in-place"));
+    verb.add_flag("--dry-run", output.diff, "Print the change, for patch -p1, and write nothing");
+}
+
+void add_charge_options(CLI::App& verb, std::optional<std::int32_t>& charge,
+                        std::optional<std::int32_t>& multiplicity) {
+    verb.add_option("--charge", charge, "Charge of the new geometry")->type_name("Q");
+    verb.add_option("--multiplicity", multiplicity, "Spin multiplicity of the new geometry")->type_name("M");
+}
+
+void charge_options_need(CLI::App& verb, const char* option) {
+    for (const char* const of_charge : {"--charge", "--multiplicity"}) {
+        verb.get_option(of_charge)->needs(verb.get_option(option));
+    }
+}
+
+// The option of each kind of edit; the order among them is kept in the order of the edits.
+class EditOptions {
+public:
+    EditOptions(CLI::App& verb, const std::vector<EditKind>& kinds) : verb_(verb) {
+        for (const EditKind kind : kinds) {
+            const EditName& name = name_of(kind);
+            auto* const option = verb.add_option(name.option)->description(name.help)->type_name(name.argument);
+            option->expected(1)->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+            options_.push_back({kind, option});
+        }
+    }
+
+    std::vector<Edit> in_order() const {
+        std::vector<Edit> edits;
+        std::vector<std::size_t> used(options_.size());
+        for (const CLI::Option* const parsed : verb_.parse_order()) {
+            for (std::size_t i = 0; i < options_.size(); ++i) {
+                if (options_[i].option == parsed) {
+                    edits.push_back({options_[i].kind, parsed->results()[used[i]++]});
+                }
+            }
+        }
+        return edits;
+    }
+
+private:
+    struct EditOption {
+        EditKind kind;
+        CLI::Option* option;
+    };
+
+    const CLI::App& verb_;
+    std::vector<EditOption> options_;
+};
+
+// Adds the options of the edits, and has them filled in before the verb is run.
+template <class Options>
+void add_edits(CLI::App& verb, Run& run, const std::shared_ptr<Options>& options, const std::vector<EditKind>& kinds,
+               int (*call)(const Options&)) {
+    verb.callback([edit_options = EditOptions(verb, kinds), options, call, &run] {
+        options->edits.in_order = edit_options.in_order();
+        run = [options, call] { return call(*options); };
+    });
+    add_charge_options(verb, options->edits.charge, options->edits.multiplicity);
+}
+
+void add_check(CLI::App& verb, Run& run) {
+    const auto options = call_with_options(verb, run, run_check);
+    add_input_options(verb, options->inputs);
+    add_schema_option(verb, options->schema_path);
+    auto* const format = verb.add_option("--format", options->format, "How findings are printed (default: text)")
+                             ->check(CLI::IsMember({"text", "json"}));
+    verb.add_option("--fail-on", options->fail_on, "Findings that make the exit status 1 (default: error)")
+        ->check(CLI::IsMember({"error", "warning", "never"}));
+    verb.add_option("--color", options->color, "Colours in text (default: auto; NO_COLOR is heeded)")
+        ->check(CLI::IsMember({"auto", "always", "never"}));
+    auto* const fix = verb.add_flag("--fix{certain}", options->fix,
+                                    "Fix the files, then check them: missing ends; with --fix=all also names that are "
+                                    "near to one known name")
+                          ->check(CLI::IsMember({"certain", "all"}));
+    verb.add_flag("--diff", options->diff,
+                  "Print the fixes, for patch -p1, and write nothing; findings go to standard error")
+        ->needs(fix)
+        ->excludes(format);
+    add_canonical_option(verb, options->canonical)->needs(fix);
+    verb.add_flag("-q,--quiet", options->quiet, "No summary and no progress bar");
+    verb.add_option("-j,--jobs", options->threads, "Worker threads (default: the number of processors)")
+        ->type_name("N")
+        ->check(CLI::Range(1U, 1024U));
+}
+
+void add_explain(CLI::App& verb, Run& run) {
+    const auto options = call_with_options(verb, run, run_explain);
+    verb.add_option("CODE", options->code, "The code in brackets at the end of a finding");
+}
+
+void add_show(CLI::App& verb, Run& run) {
+    const auto options = call_with_options(verb, run, run_show);
+    add_input_file(verb, options->path);
+    add_schema_option(verb, options->schema_path);
+}
+
+void add_fmt(CLI::App& verb, Run& run) {
+    const auto options = call_with_options(verb, run, run_fmt);
+    add_input_options(verb, options->inputs);
+    add_schema_option(verb, options->schema_path);
+    add_edit_options(verb, options->output);
+    verb.add_flag("--check", options->check, "List the files that would change; exit status 1 if there are any");
+    verb.add_flag("--diff", options->output.diff, "Print the change instead of the text");
+}
+
+void add_get(CLI::App& verb, Run& run) {
+    const auto options = call_with_options(verb, run, run_get);
+    add_input_file(verb, options->path);
+    verb.add_option("KEY", options->keys, "What to print, one line each (atoms: one line an atom)")->required();
+    add_schema_option(verb, options->schema_path);
+}
+
+void add_set(CLI::App& verb, Run& run) {
+    const auto options = std::make_shared<SetOptions>();
+    add_input_options(verb, options->inputs);
+    add_schema_option(verb, options->schema_path);
+    add_edits(verb, run, options,
+              {EditKind::set_directive, EditKind::unset_directive, EditKind::set_method, EditKind::add_token,
+               EditKind::remove_token, EditKind::set_entry, EditKind::unset_entry, EditKind::remove_section,
+               EditKind::set_geometry},
+              run_set);
+    charge_options_need(verb, "--geometry");
+    add_edit_options(verb, options->output);
+    add_canonical_option(verb, options->output.canonical);
+    add_other_outputs(verb, options->output);
+}
+
+void add_geom(CLI::App& verb, Run& run) {
+    const auto options = std::make_shared<GeomOptions>();
+    add_input_file(verb, options->path);
+    add_schema_option(verb, options->schema_path);
+    auto* const to = verb.add_option("--to-xyz", options->to_xyz, "Write the geometry to this file")->type_name("OUT");
+    auto* const from =
+        verb.add_option("--from-xyz", options->from_xyz, "Take the geometry from this file")->type_name("MOL.xyz");
+    to->excludes(from);
+    add_charge_options(verb, options->charge, options->multiplicity);
+    charge_options_need(verb, "--from-xyz");
+    add_edit_options(verb, options->output);
+    add_canonical_option(verb, options->output.canonical);
+    add_other_outputs(verb, options->output);
+    verb.callback([options, &run, to, from] {
+        if (to->empty() && from->empty()) {
+            throw CLI::RequiredError("--to-xyz or --from-xyz");
+        }
+        run = [options] { return run_geom(*options); };
+    });
+}
+
+void add_new(CLI::App& verb, Run& run) {
+    const auto options = std::make_shared<NewOptions>();
+    add_schema_option(verb, options->schema_path);
+    add_edits(verb, run, options,
+              {EditKind::set_geometry, EditKind::set_method, EditKind::set_directive, EditKind::set_entry}, run_new);
+    verb.get_option("--geometry")->required();
+    verb.get_option("--method")->required();
+    verb.add_option("-o,--output", options->output.path, "Write to this file (default: standard output)")
+        ->type_name("OUT");
+    verb.add_flag("--force", options->output.force, "Write also an input that is not valid");
+}
+
+struct Verb {
+    std::string name;
+    const char* description;
+    const char* examples;
+    void (*add)(CLI::App&, Run&);
+};
+
+const std::array verbs = {
+    Verb{"check", "Prints what is wrong with input files.",
+         "  amesp-inp check water.inp             one file\n"
+         "  amesp-inp check -j 8 jobs/            every *.inp and *.aip file below a directory\n"
+         "  amesp-inp check --format json *.inp   for other programs\n"
+         "  amesp-inp check --fix --diff *.inp    what the certain fixes would change\n"
+         "  make-input | amesp-inp check -        standard input",
+         add_check},
+    Verb{"explain", "Says what a code means and how to mend its cause.",
+         "  amesp-inp explain amesp.unterminated_section\n"
+         "  amesp-inp explain                             lists all codes",
+         add_explain},
+    Verb{"show", "Prints the parsed document as JSON.",
+         "  amesp-inp show water.inp\n"
+         "  amesp-inp show water.inp | jq '.sections[].name'",
+         add_show},
+    Verb{"fmt", "Writes input files in canonical form.",
+         "  amesp-inp fmt water.inp            prints the canonical text\n"
+         "  amesp-inp fmt -i jobs/             rewrites every *.inp and *.aip file below a directory\n"
+         "  amesp-inp fmt --check *.inp        lists the files that would change\n"
+         "  amesp-inp fmt --diff water.inp     shows what would change, for patch -p1",
+         add_fmt},
+    Verb{"get", "Prints values of an input file.",
+         "  amesp-inp get water.inp %maxcore            a directive\n"
+         "  amesp-inp get water.inp '!'                 the tokens of the method line\n"
+         "  amesp-inp get water.inp scf.maxcyc          an entry of a section\n"
+         "  amesp-inp get water.inp '>xyz.charge' '>xyz.multiplicity' '>xyz.atoms'",
+         add_get},
+    Verb{"set", "Changes values of input files, in the order of the options.",
+         "  amesp-inp set water.inp --directive maxcore=4000       prints the changed text\n"
+         "  amesp-inp set -i jobs/ --entry scf.maxcyc=200          rewrites many files\n"
+         "  amesp-inp set water.inp --method 'b3lyp def2-tzvp' -o tz.inp\n"
+         "  amesp-inp set water.inp --geometry mol.xyz --charge 0 --multiplicity 1 --dry-run",
+         add_set},
+    Verb{"geom", "Takes the geometry out of an input file, or puts one in.",
+         "  amesp-inp geom water.inp --to-xyz water.xyz       writes a plain XYZ file\n"
+         "  amesp-inp geom water.inp --to-xyz -               prints it\n"
+         "  amesp-inp geom -i water.inp --from-xyz new.xyz    replaces the geometry",
+         add_geom},
+    Verb{"new", "Makes an input file that passes check.",
+         "  amesp-inp new --geometry mol.xyz --charge 0 --multiplicity 1 --method 'b3lyp def2-svp' -o mol.inp\n"
+         "  amesp-inp new --geometry mol.xyz --method 'hf sto-3g' --directive maxcore=2000 --entry scf.maxcyc=100",
+         add_new},
+};
+
+void add(CLI::App& program, const Verb& verb, Run& run) {
+    CLI::App* const subcommand = program.add_subcommand(verb.name, verb.description);
+    subcommand->footer(std::string("Examples:\n") + verb.examples);
+    verb.add(*subcommand, run);
+}
+
+// Only the one that is called, where the first word says so: making the options of all of them takes longer than
+// checking a small file.
+void add_verbs(CLI::App& program, std::string_view first_word, Run& run) {
+    const auto* const called =
+        std::find_if(verbs.begin(), verbs.end(), [&](const Verb& verb) { return verb.name == first_word; });
+    if (called != verbs.end()) {
+        add(program, *called, run);
+        return;
+    }
+    for (const Verb& verb : verbs) {
+        add(program, verb, run);
+    }
+}
+
+// The examples of a verb, which are its footer, open its help.
+class ExamplesFirst : public CLI::Formatter {
+public:
+    std::string make_description(const CLI::App* app) const override {
+        const std::string examples = app->get_footer();
+        return examples.empty() ? Formatter::make_description(app)
+                                : examples + "\n\n" + Formatter::make_description(app);
+    }
+    std::string make_footer(const CLI::App* /*app*/) const override { return {}; }
+};
+
+// Help and version go to standard output; a usage error names the verb that it was made with.
+int end_without_a_call(const CLI::App& program, const CLI::ParseError& error) {
+    std::ostringstream out;
+    std::ostringstream err;
+    if (program.exit(error, out, err) == 0) {
+        print(out.str());
+        return exit_clean;
+    }
+    const std::vector<CLI::App*> called = program.get_subcommands();
+    const std::string verb = called.empty() ? std::string() : called.front()->get_name();
+    complain_about_usage(verb, error.what());
+    return exit_trouble;
+}
+
+}  // namespace
+
+std::function<int()> read_command_line(int argc, char** argv) {
+    CLI::App program("Checks, shows and edits input files of the AMESP quantum-chemistry program.", "amesp-inp");
+    program.formatter(std::make_shared<ExamplesFirst>());
+    program.set_version_flag("-V,--version", "amesp-inp " AMESP_INP_VERSION);
+    program.require_subcommand(1);
+    Run run;
+    add_verbs(program, argc > 1 ? argv[1] : "", run);
+    try {
+        program.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        const int status = end_without_a_call(program, error);
+        return [status] { return status; };
+    }
+    return run;
+}
+
+}  // namespace amesp_inp

@@ -1,0 +1,21 @@
+// amesp-inp fmt.
+#pragma once
+
+#include <string>
+
+#include "edit_output.hpp"
+#include "inputs.hpp"
+
+namespace amesp_inp {
+
+struct FmtOptions {
+    InputOptions inputs;
+    EditOutput output;
+    std::string schema_path;
+    bool check = false;
+};
+
+// The exit status.
+int run_fmt(const FmtOptions& options);
+
+}  // namespace amesp_inp
