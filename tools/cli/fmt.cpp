@@ -6,6 +6,7 @@
 #include <velk/input/amesp/parser.hpp>
 
 #include "edit_output.hpp"
+#include "patch_name.hpp"
 #include "rendering_changes.hpp"
 #include "schema_source.hpp"
 
@@ -44,7 +45,7 @@ int format_file(const FmtOptions& options, const Input& input, const InputSchema
         if (formatted == text) {
             return exit_clean;
         }
-        print(input.name + "\n");
+        print(listed_name(input.name) + "\n");
         if (options.output.diff && !refused) {
             deliver(options.output, input, text, formatted);
         }

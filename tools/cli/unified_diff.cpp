@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <vector>
 
+#include "patch_name.hpp"
+
 namespace amesp_inp {
 namespace {
 
@@ -207,13 +209,11 @@ std::string unified_diff(std::string_view before, std::string_view after, std::s
     if (before == after) {
         return {};
     }
-    while (name.starts_with('/')) {
-        name.remove_prefix(1);
-    }
     const Lines a = split(before);
     const Lines b = split(after);
     const Marks marks = Comparison(a, b).run();
-    return "--- a/" + std::string(name) + "\n+++ b/" + std::string(name) + "\n" + Hunks(a, b, marks).run();
+    // The tab ends a name for patch, which otherwise ends it at a blank.
+    return "--- " + patch_name("a/", name) + "\t\n+++ " + patch_name("b/", name) + "\t\n" + Hunks(a, b, marks).run();
 }
 
 }  // namespace amesp_inp

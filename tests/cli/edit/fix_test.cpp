@@ -157,7 +157,7 @@ TEST(FixDiff, ShowsTheFixesAndWritesNothing) {
     write_file(dir / "a.inp", open_end);
     const ProgramRun run = run_edit({"check", "--fix", "--diff", "a.inp"}, {.directory = dir.path()});
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.out, "--- a/a.inp\n+++ b/a.inp\n@@ -1,3 +1,4 @@\n ! hf sto-3g\n >xyz 0 1\n   He 0 0 0\n+end\n");
+    EXPECT_EQ(run.out, "--- a/a.inp\t\n+++ b/a.inp\t\n@@ -1,3 +1,4 @@\n ! hf sto-3g\n >xyz 0 1\n   He 0 0 0\n+end\n");
     EXPECT_EQ(run.err, "1 file checked: 0 errors, 0 warnings; 1 file would be fixed\n");
     EXPECT_EQ(read_file(dir / "a.inp"), open_end);
     EXPECT_EQ(run_edit({"check", "--fix", "--diff", "-"}, {.input = open_end}).status, 0);
