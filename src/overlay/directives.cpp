@@ -21,14 +21,16 @@ bool reads_as(const Overlay& overlay, std::string_view line, const Directive& wa
            (read->name == wanted.name || canonical(read->name) == canonical(wanted.name));
 }
 
+// In its line as it is, or with another name.
+std::string_view name_in(std::string_view line, const Directive& directive) {
+    std::string_view rest = line.substr(static_cast<std::size_t>(directive.location->column));
+    return take_word(rest);
+}
+
 void change(Overlay& overlay, const Directive& before, const Directive& after) {
     const std::string_view line = overlay.lines.raw(line_of(before));
-    const auto name_in = [&](std::string_view text) {
-        std::string_view rest = text.substr(static_cast<std::size_t>(before.location->column));
-        return take_word(rest);
-    };
     const auto with_value = [&](std::string_view text) {
-        return with_value_behind(text, name_in(text), trim_view(after.value));
+        return with_value_behind(text, name_in(text, before), trim_view(after.value));
     };
     const auto replaced_by = [&](std::string text) {
         if (!reads_as(overlay, text, after)) {
@@ -38,19 +40,25 @@ void change(Overlay& overlay, const Directive& before, const Directive& after) {
         return true;
     };
     if (replaced_by(with_value(line)) ||
-        replaced_by(with_value(with_part(line, name_in(line), overlay.schema.canonical_directive(after.name))))) {
+        replaced_by(
+            with_value(with_part(line, name_in(line, before), overlay.schema.canonical_directive(after.name))))) {
         return;
     }
     overlay.problems.cannot_write("Directive '" + after.name + "'", after.location);
 }
 
-std::string new_line(const Overlay& overlay, const Directive& directive) {
-    std::string line = "% " + overlay.schema.canonical_directive(directive.name);
-    if (const std::string_view value = trim_view(directive.value); !value.empty()) {
-        line += ' ';
-        line += value;
+LineStyle style_of(const Overlay& overlay, const std::vector<Directive>& directives) {
+    std::vector<NamedLine> lines;
+    for (const Directive& directive : directives) {
+        const std::string_view line = overlay.lines.raw(line_of(directive));
+        const std::string_view name = name_in(line, directive);
+        const std::size_t begin = offset_in(line, name);
+        const std::size_t end = begin + name.size();
+        const std::string_view value = trim_view(value_behind(line.substr(end)));
+        const std::size_t stop = value.empty() ? end : offset_in(line, value);
+        lines.push_back({line.substr(0, begin), name, line.substr(end, stop - end), !value.empty()});
     }
-    return line;
+    return style_of(lines, {"% ", " ", 0, {}});
 }
 
 std::size_t place_without_directives(const LineTable& lines) {
@@ -73,6 +81,7 @@ void lay_directives(Overlay& overlay, const AIPData& before, const AIPData& afte
             overlay.patch.drop(line_of(before.directives[i]));
         }
     }
+    std::optional<LineStyle> style;
     NextPartner next_partner(*partner);
     for (std::size_t i = 0; i < after.directives.size(); ++i) {
         const Directive& wanted = after.directives[i];
@@ -83,7 +92,11 @@ void lay_directives(Overlay& overlay, const AIPData& before, const AIPData& afte
             }
             continue;
         }
-        std::string line = new_line(overlay, wanted);
+        if (!style) {
+            style = style_of(overlay, before.directives);
+        }
+        std::string line =
+            line_in_style(*style, overlay.schema.canonical_directive(wanted.name), trim_view(wanted.value));
         if (!reads_as(overlay, line, wanted)) {
             overlay.problems.cannot_write("Directive '" + wanted.name + "'", wanted.location);
             continue;

@@ -119,64 +119,34 @@ void change_line(Overlay& overlay, const SectionChange& change, const SectionEnt
     overlay.problems.cannot_write(name_of(change, after), after.location);
 }
 
-// What a line added to the section shall look like: its last line, and its last line with a value.
-EntryStyle style_of(const Overlay& overlay, const std::vector<SectionEntry>& entries) {
-    if (entries.empty()) {
-        return {};
-    }
-    EntryStyle style;
-    style.indent = parts_of(overlay.lines.raw(line_of(entries.back()))).indent;
-    const auto last = std::find_if(entries.rbegin(), entries.rend(), [&](const SectionEntry& entry) {
+LineStyle style_of(const Overlay& overlay, const std::vector<SectionEntry>& entries) {
+    std::vector<NamedLine> lines;
+    for (const SectionEntry& entry : entries) {
         const Parts parts = parts_of(overlay.lines.raw(line_of(entry)));
-        const bool is_plain = parts.separator.find_first_not_of(" \t=") == std::string_view::npos;
-        return is_plain && !parts.value.empty();
-    });
-    if (last == entries.rend()) {
-        return style;
+        lines.push_back({parts.indent, parts.key, parts.separator, !parts.value.empty()});
     }
-    const std::string_view line = overlay.lines.raw(line_of(*last));
-    const Parts parts = parts_of(line);
-    style.separator = parts.separator;
-    const std::size_t padding = std::min(parts.separator.find_first_not_of(' '), parts.separator.size());
-    style.value_column = padding > 1 ? offset_in(line, parts.value) - parts.indent.size() : 0;
-    return style;
-}
-
-// Padded so that the values stand in one column, as they do in the line that the style was taken from.
-std::string separator_for(std::string_view key, const EntryStyle& style) {
-    if (style.value_column == 0) {
-        return std::string(style.separator);
-    }
-    const std::size_t padding = std::min(style.separator.find_first_not_of(' '), style.separator.size());
-    const std::string_view rest = style.separator.substr(padding);
-    const std::size_t used = key.size() + rest.size();
-    return std::string(style.value_column > used ? style.value_column - used : 1, ' ') + std::string(rest);
+    return style_of(lines, usual_entry_style);
 }
 
 // With that spelling of the key; empty when it does not read back as the entry.
 std::string line_with_key(const Overlay& overlay, std::string_view opening, const SectionEntry& entry,
-                          const EntryStyle& style, std::string_view key) {
+                          const LineStyle& style, std::string_view key) {
     const std::string_view value = trim_view(entry.value);
     if (has_blank(key)) {
         return {};
     }
-    std::string same_style(style.indent);
-    same_style += key;
-    if (!value.empty()) {
-        same_style += separator_for(key, style);
-        same_style += value;
+    std::string line = line_in_style(style, key, value);
+    if (reads_as(overlay, opening, line, entry)) {
+        return line;
     }
-    if (reads_as(overlay, opening, same_style, entry)) {
-        return same_style;
-    }
-    std::string line = with_equals(style.indent, key, value);
+    line = with_equals(style.indent, key, value);
     return reads_as(overlay, opening, line, entry) ? line : std::string();
 }
 
 }  // namespace
 
 std::string entry_line(const Overlay& overlay, std::string_view opening, const Section& section,
-                       const SectionEntry& entry, const EntryStyle& style) {
+                       const SectionEntry& entry, const LineStyle& style) {
     for (const std::string& key : spellings(overlay, section.name, entry.key)) {
         if (std::string line = line_with_key(overlay, opening, entry, style, key); !line.empty()) {
             return line;
@@ -200,7 +170,7 @@ void lay_entries(Overlay& overlay, const SectionChange& change) {
             overlay.patch.drop(line_of(before[i]));
         }
     }
-    std::optional<EntryStyle> style;
+    std::optional<LineStyle> style;
     NextPartner next_partner(*partner);
     for (std::size_t i = 0; i < after.size(); ++i) {
         if ((*partner)[i] != no_partner) {

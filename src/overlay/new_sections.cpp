@@ -40,7 +40,7 @@ void add_atoms(Overlay& overlay, const Section& section, SectionParseMode mode, 
 
 void add_entries(Overlay& overlay, const Section& section, Lines& lines) {
     for (const SectionEntry& entry : section.entries) {
-        std::string line = entry_line(overlay, opening_of(lines.front()), section, entry, {});
+        std::string line = entry_line(overlay, opening_of(lines.front()), section, entry, usual_entry_style);
         if (line.empty()) {
             overlay.problems.cannot_write(in_section("Entry '" + entry.key + "'", section), entry.location);
         } else {

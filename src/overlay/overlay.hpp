@@ -10,6 +10,7 @@
 #include <velk/input/amesp/document.hpp>
 #include <velk/input/amesp/schema.hpp>
 
+#include "overlay/line_style.hpp"
 #include "overlay/line_table.hpp"
 #include "overlay/patch.hpp"
 #include "overlay/problems.hpp"
@@ -53,14 +54,10 @@ void lay_atoms(Overlay& overlay, const SectionChange& change);
 // The line of an atom with that indentation; empty when no line reads back as the atom.
 std::string atom_line(const AtomRecord& atom, std::string_view indent);
 
-// The lines of an entry that the section did not have, in the order to be tried.
-struct EntryStyle {
-    std::string_view indent = "  ";
-    std::string_view separator = " ";
-    std::size_t value_column = 0;  // 0: the separator is not padded
-};
+// The line of an entry that the section did not have; empty when no line reads back as the entry.
+inline constexpr LineStyle usual_entry_style = {"  ", " ", 0, {}};
 std::string entry_line(const Overlay& overlay, std::string_view opening, const Section& section,
-                       const SectionEntry& entry, const EntryStyle& style);
+                       const SectionEntry& entry, const LineStyle& style);
 
 // The header line of a section; empty when none reads back as the section's name and arguments.
 std::string header_line(const Overlay& overlay, const Section& section);

@@ -68,6 +68,19 @@ TEST(DirectiveLines, AreAddedBehindTheLastOne) {
     });
 }
 
+TEST(DirectiveLines, AreAddedInTheStyleOfTheOthers) {
+    expect_laid_over({
+        {"blanks before the name, values in a column", "%  MaxCore   2000\n%  NProcs    4\n", set("title", "x"),
+         "%  MaxCore   2000\n%  NProcs    4\n%  title     x\n"},
+        {"no blank before the name", "%maxcore 1\n%nprocs 2\n", set("title", "x"), "%maxcore 1\n%nprocs 2\n%title x\n"},
+        {"indented", "\t% maxcore 1\n", set("title", "x"), "\t% maxcore 1\n\t% title x\n"},
+        {"a value that begins with =", "% a = 1\n", set("title", "x"), "% a = 1\n% title x\n"},
+        {"without a value", "%  maxcore  1\n", set("title", ""), "%  maxcore  1\n%  title\n"},
+        {"none has a value", "%  a\n", set("title", "x"), "%  a\n%  title x\n"},
+        {"other white space is no separator", "% maxcore\vx 1\n", set("title", "x"), "% maxcore\vx 1\n% title x\n"},
+    });
+}
+
 TEST(DirectiveLines, StayWhenTheSchemaDoesNotKnowThemAndTheyWereNotRead) {
     const auto result = laid_over("% colour blue\n% maxcore 1\n! hf\n", set("maxcore", "2"), false);
     EXPECT_EQ(result.text, "% colour blue\n% maxcore 2\n! hf\n");

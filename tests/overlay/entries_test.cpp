@@ -55,7 +55,7 @@ TEST(EntryLines, GoWithTheirEntry) {
     });
 }
 
-TEST(EntryLines, AreAddedBehindTheLastInItsStyle) {
+TEST(EntryLines, AreAddedAfterTheLastInTheStyleOfTheSection) {
     expect_laid_over({
         {"not like a line whose key ends in no blank", ">scf\n guess\vx core\nend\n", set("note", "y"),
          ">scf\n guess\vx core\n note y\nend\n"},
@@ -78,6 +78,62 @@ TEST(EntryLines, AreAddedBehindTheLastInItsStyle) {
         {"to an empty section", ">scf\n# c\nend\n", set("conv", "1"), ">scf\n# c\n  conv 1\nend\n"},
         {"to a new section", "! hf\n", set("conv", "1"), "! hf\n\n>scf\n  conv 1\nend\n"},
         {"a value with = to a new section", "! hf\n", set("note", "a=b"), "! hf\n\n>scf\n  note = a=b\nend\n"},
+    });
+}
+
+struct StyleCase {
+    std::string name;
+    std::string lines;
+    std::string key;
+    std::string added;  // with the value "x"
+};
+
+void expect_styles(const std::vector<StyleCase>& cases) {
+    for (const StyleCase& c : cases) {
+        const std::string top = ">scf\n" + c.lines;
+        expect_laid_over({{c.name, top + "end\n", set(c.key, "x"), top + c.added + "\nend\n"}});
+    }
+}
+
+TEST(EntryLines, JoinTheColumnOfTheirSection) {
+    expect_styles({
+        {"whose longest name is the last", "guess  = a\nmaxcyc = b\n", "damp", "damp   = x"},
+        {"the same with blanks", "guess  a\nmaxcyc b\n", "damp", "damp   x"},
+        {"of two lines of one length", "conv = a\ndiis = b\n", "xy", "xy   = x"},
+        {"of most lines, the last is too long for it", "a   1\nbbb 2\ncccccc 3\n", "dd", "dd  x"},
+        {"of most lines, one has a tab", "a   1\nbbb 2\ncccc\t3\n", "dd", "dd  x"},
+        {"of most lines, one has no value", "a   = 1\nbbb = 2\ncccccccc\n", "dd", "dd  = x"},
+        {"of most lines, one has no blanks", "a   = 1\nbbb = 2\ncccc=3\n", "dd", "dd  = x"},
+        {"as often as one separator is repeated", "a  1\nbb 2\nccc 3\n", "d", "d  x"},
+        {"of the '=', the values do not stand in one", "a   =  1\nbbb = 2\ncc  = 3\n", "dddd", "dddd = x"},
+        {"of the values, the '=' follows each name", "a=   1\nbbb= 2\n", "dd", "dd=  x"},
+        {"of the values, the '=' follows after a blank", "a =   1\nbbb = 2\n", "dd", "dd =  x"},
+        {"counted from the start of the line", "  a   1\n bbb  2\n  cc  3\n", "dd", "  dd  x"},
+        {"alone in it, after two blanks", "maxcyc  1\n", "conv", "conv    x"},
+    });
+}
+
+TEST(EntryLines, TakeTheSeparatorOfMostLinesWhereThereIsNoColumn) {
+    expect_styles({
+        {"of one line", "maxcyc = 1\n", "a", "a = x"},
+        {"repeated", "maxcyc  1\nconv  2\n", "a", "a  x"},
+        {"repeated more often than a column is kept", "conv 1\ndiis 2\nmaxcyc 3\n", "a", "a x"},
+        {"repeated, no column at all", "conv=1\nmaxcyc=2\n", "a", "a=x"},
+        {"of most", "a=1\nbb=2\nccc = 3\n", "d", "d=x"},
+        {"of equally many the last", "a=1\nbbb = 3\n", "d", "d = x"},
+        {"with an '=' as most have it", "a=1\nbb=2\nccc  3\n", "d", "d=x"},
+        {"without, as most have it", "a = 1\nbb 2\ncccc 3\n", "d", "d x"},
+        {"with tabs, which make no column of bytes", "a\t1\nb\t2\n", "ccc", "ccc\tx"},
+        {"with blanks and a tab", "a \t1\nb \t2\n", "ccc", "ccc \tx"},
+        {"with a tab after the =", "a  =\t1\nbbb  =\t2\n", "c", "c  =\tx"},
+    });
+}
+
+TEST(EntryLines, AreIndentedAsMostOfTheirSection) {
+    expect_styles({
+        {"not as the last", "  a 1\n  bb 2\n\tc 3\n", "d", "  d x"},
+        {"of equally many as the last", "  a 1\n b 2\n", "d", " d x"},
+        {"lines without a value count", "  a\n  bb\n c 1\n", "d", "  d x"},
     });
 }
 
