@@ -2,14 +2,12 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <charconv>
 #include <cstdint>
-#include <iterator>
 #include <string>
 
 #include <velk/core/text_view.hpp>
 
-#include "model/numbers.hpp"
+#include "model/exact_coordinate.hpp"
 #include "overlay/align.hpp"
 #include "overlay/moved.hpp"
 #include "overlay/overlay.hpp"
@@ -44,23 +42,10 @@ std::string key_of(const AtomRecord& atom) {
     return key + atom.symbol;
 }
 
-bool reads_as(std::string_view text, double value) {
-    const std::optional<double> read = read_real(text);
-    return read && same_bits(*read, value);
-}
-
-// As rendering writes it when that is exact, else the shortest exact text; empty when no text is read as the value.
+// Empty when no text is read as the value.
 std::string coordinate(double value) {
-    constexpr int decimals = 10;
     std::string text;
-    append_fixed(text, value, decimals);
-    if (reads_as(text, value)) {
-        return text;
-    }
-    char shortest[64];
-    const auto [end, error] = std::to_chars(std::begin(shortest), std::end(shortest), value);
-    text.assign(std::begin(shortest), end);
-    return reads_as(text, value) ? text : std::string();
+    return append_exact_coordinate(text, value) ? text : std::string();
 }
 
 bool is_symbol(std::string_view symbol) {
