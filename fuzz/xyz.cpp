@@ -1,66 +1,76 @@
-// Any bytes as an XYZ file of the program.
+// Any bytes as XYZ text, and any frame of it.
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <velk/input/amesp/xyz.hpp>
 
 #include "law.hpp"
 #include "run.hpp"
-#include "xyz_file.hpp"
 
 namespace velk::fuzz {
 namespace {
 
-using namespace amesp_inp;
+using namespace input::amesp;
 
-std::uint64_t number_before_colon(std::string_view& rest) {
-    std::uint64_t number = 0;
-    std::size_t digits = 0;
-    while (digits < rest.size() && rest[digits] >= '0' && rest[digits] <= '9') {
-        number = number * 10 + static_cast<std::uint64_t>(rest[digits++] - '0');
-    }
-    require(digits > 0 && digits < rest.size() && rest[digits] == ':', "a place is a number and a colon");
-    rest.remove_prefix(digits + 1);
-    return number;
-}
-
-void check_message(std::string_view message, std::string_view text) {
-    constexpr std::string_view name = "file.xyz:";
-    require(message.starts_with(name), "an error names the file");
-    std::string_view rest = message.substr(name.size());
-    const std::uint64_t line = number_before_colon(rest);
-    const std::uint64_t column = number_before_colon(rest);
-    require(rest.starts_with(" error: "), "a place is followed by the error", std::string(message));
+void check_place(const XyzMessage& message, std::string_view text) {
     std::uint64_t at_line = 1;
-    while (at_line < line && text.find('\n') != std::string_view::npos) {
+    while (at_line < message.line && text.find('\n') != std::string_view::npos) {
         text.remove_prefix(text.find('\n') + 1);
         ++at_line;
     }
-    require(at_line == line, "the line of an error is in the file", std::string(message));
+    require(at_line == message.line, "the line of a message is in the text", message.message);
     const std::size_t size = std::min(text.find('\n'), text.size());
-    require(column >= 1 && column <= size + 1, "the column of an error is in its line", std::string(message));
+    require(message.column >= 1 && message.column <= size + 1, "the column of a message is in its line",
+            message.message);
+}
+
+bool same_bits(double a, double b) {
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+}
+
+void check_round_trip(const Molecule& molecule) {
+    const std::string written = write_xyz(molecule);
+    const XyzResult again = read_xyz(written);
+    require(again.molecule.has_value() && again.notes.empty(), "what is written reads back", written);
+    require(*again.molecule == molecule, "it is the same molecule", written);
+    for (std::size_t i = 0; i < molecule.atoms.size(); ++i) {
+        const AtomRecord& before = molecule.atoms[i];
+        const AtomRecord& after = again.molecule->atoms[i];
+        require(same_bits(before.x, after.x) && same_bits(before.y, after.y) && same_bits(before.z, after.z),
+                "coordinates come back bit for bit", written);
+    }
+}
+
+// Whether a frame was read.
+bool check(std::string_view text, std::uint64_t frame) {
+    const XyzResult result = read_xyz(text, {frame});
+    require(result.molecule.has_value() != result.error.has_value(), "there is an error or a molecule");
+    for (const XyzMessage& note : result.notes) {
+        check_place(note, text);
+    }
+    if (result.error) {
+        check_place(*result.error, text);
+    } else {
+        require(result.molecule->charge.has_value() == result.molecule->multiplicity.has_value(),
+                "charge and multiplicity are taken together");
+        check_round_trip(*result.molecule);
+    }
+    return !result.error;
 }
 
 }  // namespace
 
 void run(const std::string& input) {
-    Molecule molecule;
-    try {
-        molecule = read_xyz(input, "file.xyz");
-    } catch (const XyzError& error) {
-        check_message(error.what(), input);
-        return;
-    }
-    const std::string once = write_xyz(molecule);
-    const Molecule again = read_xyz(once, "written.xyz");
-    require(again.atoms.size() == molecule.atoms.size(), "as many atoms come back", once);
-    require(again.charge == molecule.charge && again.multiplicity == molecule.multiplicity,
-            "charge and multiplicity come back", once);
-    for (std::size_t i = 0; i < again.atoms.size(); ++i) {
-        require(again.atoms[i].symbol == molecule.atoms[i].symbol, "symbols come back", once);
-    }
-    require(write_xyz(again) == once, "what was read again is written as before", once);
+    const bool only = check(input, XyzOptions::only_frame);
+    const bool last = check(input, XyzOptions::last_frame);
+    const std::uint64_t frames = read_xyz(input).frames_to_choose_from;
+    require(last == (only || frames > 1), "the last of several frames can be chosen");
+    require(!last || check(input, std::max<std::uint64_t>(1, frames)), "the last frame has a number");
+    require(!last || !check(input, frames + 2), "there is no frame after the last one");
+    check(input, 1);
 }
 
 }  // namespace velk::fuzz

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A room of the library includes only rooms below it: model < schema < validation < parser, editor < overlay. The
-# library knows nothing of the program, and the program nothing of the library but its public headers.
+# A room of the library includes only rooms below it: model < schema < validation < parser, editor < overlay, exchange.
+# The library knows nothing of the program, and the program nothing of the library but its public headers.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 status=0
@@ -10,13 +10,14 @@ forbid() {  # forbid ROOM PATTERN REASON
     status=1
   fi
 }
-forbid src/model 'schema|validation|parser|editor|overlay' 'the model looks up'
-forbid src/schema 'validation|parser|editor|overlay' 'the schema looks up'
-forbid src/validation 'parser|editor|overlay' 'validation looks up'
-forbid src/parser 'validation|editor|overlay' 'the parser looks sideways or up'
-forbid src/editor 'validation|parser|overlay' 'the editor looks sideways or up'
-forbid src/overlay 'validation' 'the overlay judges nothing'
-forbid tools 'model|schema|validation|parser|editor|overlay' 'the program looks inside the library'
+forbid src/model 'schema|validation|parser|editor|overlay|exchange' 'the model looks up'
+forbid src/schema 'validation|parser|editor|overlay|exchange' 'the schema looks up'
+forbid src/validation 'parser|editor|overlay|exchange' 'validation looks up'
+forbid src/parser 'validation|editor|overlay|exchange' 'the parser looks sideways or up'
+forbid src/editor 'validation|parser|overlay|exchange' 'the editor looks sideways or up'
+forbid src/overlay 'validation|exchange' 'the overlay judges nothing, and looks sideways'
+forbid src/exchange 'schema|validation|parser|editor|overlay' 'other formats need the model alone'
+forbid tools 'model|schema|validation|parser|editor|overlay|exchange' 'the program looks inside the library'
 if grep -rln 'yaml-cpp' src include core --include='*.[ch]pp' | grep -v '^src/schema/loader.cpp$'; then
   echo "only src/schema/loader.cpp may see yaml-cpp" >&2
   status=1

@@ -24,7 +24,7 @@ from mutation.equivalents import ANY, read_equivalents
 from mutation.mutants import line_of, mutants_of
 from mutation.workshop import Library, Workshop, output, times_of
 
-LAYERS = ["core", "model", "schema", "validation", "parser", "editor", "overlay"]  # each uses only those before it
+LAYERS = ["core", "model", "schema", "validation", "parser", "editor", "overlay", "exchange"]  # each uses only those before it
 ROOMS = [*LAYERS, "oracle", "faults"]
 TESTED_ALONE = "include/velk/input/amesp/string_map.hpp"  # by the test that is named after it
 QUICK = 0.1  # seconds that a test of the first round may take

@@ -98,6 +98,19 @@ TEST(FailingAllocation, LeavesQueriesOfASchemaWithoutAResult) {
     expect_all_or_bad_alloc("known_sections", [&] { return schema.known_sections(); });
 }
 
+TEST(FailingAllocation, LeavesXyzTextWithoutAResult) {
+    const std::string symbol(40, 'H');
+    const std::string frame = "1\ncharge=1 spin=2\n" + symbol + " 0 0.3333333333333333 1d-3\n";
+    for (const std::string& text :
+         {frame, frame + frame, "1\nspin=1\n" + symbol + " 0 0 0\n", frame + "0 charge=x\n"}) {
+        expect_all_or_bad_alloc("read_xyz", [&] { return read_xyz(text); });
+        expect_all_or_bad_alloc("read_xyz, last frame", [&] { return read_xyz(text, {XyzOptions::last_frame}); });
+    }
+    const Molecule molecule = read_xyz(frame).molecule.value();
+    expect_all_or_bad_alloc("write_xyz", [&] { return write_xyz(molecule); });
+    expect_all_or_bad_alloc("coordinate_text", [&] { return coordinate_text(1.0 / 3); });
+}
+
 // What the header says does not allocate works when nothing can be allocated.
 TEST(FailingAllocation, DoesNotConcernLookUps) {
     AIPData data = AIPParser::parse_string(texts[1], test::sample_schema(), {true, false}).data;

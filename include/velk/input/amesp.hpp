@@ -7,3 +7,4 @@
 #include <velk/input/amesp/schema.hpp>
 #include <velk/input/amesp/schema_tables.hpp>
 #include <velk/input/amesp/validation.hpp>
+#include <velk/input/amesp/xyz.hpp>

@@ -22,5 +22,9 @@ int main() {
     AIPEditor editor(result.data, schema);
     editor.set_directive("maxcore", "1000");
     std::fputs(editor.render().c_str(), stdout);
+    const XyzResult xyz = read_xyz("1\ncharge=0 multiplicity=1\nHe 0 0 0.5\n");
+    if (!xyz.molecule || write_xyz(*xyz.molecule).find(coordinate_text(0.5)) == std::string::npos) {
+        return 1;
+    }
     return result.ok && velk::core::text::trim(" x ") == "x" ? 0 : 1;
 }
