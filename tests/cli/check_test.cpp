@@ -41,8 +41,8 @@ TEST(Check, FindsEveryMistakeOfTheExampleInTextAndInJson) {
     const ProgramRun text = run_program({"check", "--schema", starter, "examples/mistakes.inp"}, in_source);
     EXPECT_EQ(text.status, 1);
     EXPECT_EQ(text.out, read_file(VELK_SOURCE_DIRECTORY "/tests/golden/mistakes.txt"));
-    const ProgramRun json =
-        run_program({"check", "--schema", starter, "--format", "json", "examples/mistakes.inp"}, in_source);
+    const ProgramRun json = run_program(
+        {"check", "--schema", "schemas/input/amesp.yaml", "--format", "json", "examples/mistakes.inp"}, in_source);
     EXPECT_EQ(json.status, 1);
     EXPECT_EQ(nlohmann::json::parse(json.out),
               nlohmann::json::parse(read_file(VELK_SOURCE_DIRECTORY "/tests/golden/mistakes.json")));

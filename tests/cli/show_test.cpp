@@ -15,11 +15,12 @@ const std::string starter = VELK_SOURCE_DIRECTORY "/schemas/input/amesp.yaml";
 
 TEST(Show, PrintsEveryRecordWithEveryField) {
     const ProgramRun run =
-        run_program({"show", "--schema", starter, "-"},
-                    {.input = "# c\n% MEM 5\n! uHF odd\n>xyz 0 1 x\n H 0 0.5 -1d0\nend\n>scf\nconv = 1e-6\n\n"});
+        run_program({"show", "--schema", "schemas/input/amesp.yaml", "-"},
+                    {.input = "# c\n% MEM 5\n! uHF odd\n>xyz 0 1 x\n H 0 0.5 -1d0\nend\n>scf\nconv = 1e-6\n\n",
+                     .directory = VELK_SOURCE_DIRECTORY});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(json::parse(run.out), json::parse(R"({
-  "format": "amesp-inp document", "version": 1,
+  "format": "amesp-inp document", "version": 1, "schema": "schemas/input/amesp.yaml",
   "header_comments": ["# c"],
   "directives": [{"name": "maxcore", "value": "5", "known": true, "location": {"line": 2, "column": 1, "length": 7}}],
   "method_tokens": [

@@ -20,9 +20,9 @@
 #include "edit_output.hpp"
 #include "exit_status.hpp"
 #include "inputs.hpp"
+#include "json_report.hpp"
 #include "output.hpp"
 #include "progress.hpp"
-#include "schema_source.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -169,14 +169,15 @@ void print_report(const FileReport& report, const FileCheck& check, bool is_firs
 }  // namespace
 
 int run_check(const CheckOptions& options) {
-    const InputSchema schema = load_schema(options.schema_path);
+    const std::string schema_path = find_schema(options.schema);
+    const InputSchema schema = InputSchema::from_file(schema_path);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
     refuse_what_cannot_be_fixed(inputs, options);
     const FileCheck check = file_check(options);
     Totals totals;
     Progress progress(inputs.size(), !options.quiet);
     if (check.json) {
-        print("{\"format\":\"amesp-inp findings\",\"version\":1,\"files\":[");
+        print(json_report_head(schema_path));
     }
     in_order(
         inputs.size(), worker_count(options, inputs.size()),

@@ -4,12 +4,13 @@
 #include <string>
 
 #include "inputs.hpp"
+#include "schema_source.hpp"
 
 namespace amesp_inp {
 
 struct CheckOptions {
     InputOptions inputs;
-    std::string schema_path;
+    SchemaOptions schema;
     std::string format = "text";
     std::string fail_on = "error";
     std::string color = "auto";

@@ -46,9 +46,10 @@ void add_input_file(CLI::App& verb, std::string& path) {
     verb.add_option("FILE", path, "Input file; - is standard input")->required();
 }
 
-void add_schema_option(CLI::App& verb, std::string& path) {
-    verb.add_option("--schema", path, "Schema file (default: the one that is installed, see the README)")
+void add_schema_options(CLI::App& verb, SchemaOptions& options) {
+    verb.add_option("--schema", options.path, "Schema file (default: the one that is installed, see the README)")
         ->type_name("FILE");
+    verb.add_flag("--verbose", options.verbose, "Say on standard error which schema is used");
 }
 
 void add_edit_options(CLI::App& verb, EditOutput& output) {
@@ -128,7 +129,7 @@ void add_edits(CLI::App& verb, Run& run, const std::shared_ptr<Options>& options
 void add_check(CLI::App& verb, Run& run) {
     const auto options = call_with_options(verb, run, run_check);
     add_input_options(verb, options->inputs);
-    add_schema_option(verb, options->schema_path);
+    add_schema_options(verb, options->schema);
     auto* const format = verb.add_option("--format", options->format, "How findings are printed (default: text)")
                              ->check(CLI::IsMember({"text", "json"}));
     verb.add_option("--fail-on", options->fail_on, "Findings that make the exit status 1 (default: error)")
@@ -158,13 +159,13 @@ void add_explain(CLI::App& verb, Run& run) {
 void add_show(CLI::App& verb, Run& run) {
     const auto options = call_with_options(verb, run, run_show);
     add_input_file(verb, options->path);
-    add_schema_option(verb, options->schema_path);
+    add_schema_options(verb, options->schema);
 }
 
 void add_fmt(CLI::App& verb, Run& run) {
     const auto options = call_with_options(verb, run, run_fmt);
     add_input_options(verb, options->inputs);
-    add_schema_option(verb, options->schema_path);
+    add_schema_options(verb, options->schema);
     add_edit_options(verb, options->output);
     verb.add_flag("--check", options->check, "List the files that would change; exit status 1 if there are any");
     verb.add_flag("--diff", options->output.diff, "Print the change instead of the text");
@@ -174,13 +175,13 @@ void add_get(CLI::App& verb, Run& run) {
     const auto options = call_with_options(verb, run, run_get);
     add_input_file(verb, options->path);
     verb.add_option("KEY", options->keys, "What to print, one line each (atoms: one line an atom)")->required();
-    add_schema_option(verb, options->schema_path);
+    add_schema_options(verb, options->schema);
 }
 
 void add_set(CLI::App& verb, Run& run) {
     const auto options = std::make_shared<SetOptions>();
     add_input_options(verb, options->inputs);
-    add_schema_option(verb, options->schema_path);
+    add_schema_options(verb, options->schema);
     add_edits(verb, run, options,
               {EditKind::set_directive, EditKind::unset_directive, EditKind::set_method, EditKind::add_token,
                EditKind::remove_token, EditKind::set_entry, EditKind::unset_entry, EditKind::remove_section,
@@ -195,7 +196,7 @@ void add_set(CLI::App& verb, Run& run) {
 void add_geom(CLI::App& verb, Run& run) {
     const auto options = std::make_shared<GeomOptions>();
     add_input_file(verb, options->path);
-    add_schema_option(verb, options->schema_path);
+    add_schema_options(verb, options->schema);
     auto* const to = verb.add_option("--to-xyz", options->to_xyz, "Write the geometry to this file")->type_name("OUT");
     auto* const from =
         verb.add_option("--from-xyz", options->from_xyz, "Take the geometry from this file")->type_name("MOL.xyz");
@@ -215,7 +216,7 @@ void add_geom(CLI::App& verb, Run& run) {
 
 void add_new(CLI::App& verb, Run& run) {
     const auto options = std::make_shared<NewOptions>();
-    add_schema_option(verb, options->schema_path);
+    add_schema_options(verb, options->schema);
     add_edits(verb, run, options,
               {EditKind::set_geometry, EditKind::set_method, EditKind::set_directive, EditKind::set_entry}, run_new);
     verb.get_option("--geometry")->required();

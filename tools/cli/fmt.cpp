@@ -8,7 +8,6 @@
 #include "edit_output.hpp"
 #include "patch_name.hpp"
 #include "rendering_changes.hpp"
-#include "schema_source.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -62,7 +61,7 @@ int format_file(const FmtOptions& options, const Input& input, const InputSchema
 }  // namespace
 
 int run_fmt(const FmtOptions& options) {
-    const InputSchema schema = load_schema(options.schema_path);
+    const InputSchema schema = load_schema(options.schema);
     return for_each_input(collect_inputs(options.inputs),
                           [&](const Input& input) { return format_file(options, input, schema); });
 }

@@ -5,13 +5,14 @@
 
 #include "edit_output.hpp"
 #include "inputs.hpp"
+#include "schema_source.hpp"
 
 namespace amesp_inp {
 
 struct FmtOptions {
     InputOptions inputs;
     EditOutput output;
-    std::string schema_path;
+    SchemaOptions schema;
     bool check = false;
 };
 

@@ -4,7 +4,6 @@
 #include <velk/input/amesp/parser.hpp>
 
 #include "edits.hpp"
-#include "schema_source.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -26,7 +25,7 @@ int write_geometry(const GeomOptions& options, const Input& input, const std::st
 }  // namespace
 
 int run_geom(const GeomOptions& options) {
-    const InputSchema schema = load_schema(options.schema_path);
+    const InputSchema schema = load_schema(options.schema);
     const Input input{options.path, options.path == "-" ? "<stdin>" : options.path};
     const std::string text = read_input(input);
     AIPData data = AIPParser::parse_string(text, schema, {true, false}).data;

@@ -6,12 +6,13 @@
 #include <string>
 
 #include "edit_output.hpp"
+#include "schema_source.hpp"
 
 namespace amesp_inp {
 
 struct GeomOptions {
     std::string path;
-    std::string schema_path;
+    SchemaOptions schema;
     std::string to_xyz;  // one of these two is given
     std::string from_xyz;
     std::optional<std::int32_t> charge;

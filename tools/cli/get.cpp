@@ -6,7 +6,6 @@
 
 #include "edit_output.hpp"
 #include "numbers.hpp"
-#include "schema_source.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -76,7 +75,7 @@ std::optional<std::string> value_of(const AIPData& data, const InputSchema& sche
 }  // namespace
 
 int run_get(const GetOptions& options) {
-    const InputSchema schema = load_schema(options.schema_path);
+    const InputSchema schema = load_schema(options.schema);
     const Input input{options.path, options.path == "-" ? "<stdin>" : options.path};
     const AIPData data = AIPParser::parse_string(read_input(input), schema, {true, false}).data;
     int status = exit_clean;

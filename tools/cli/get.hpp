@@ -4,12 +4,14 @@
 #include <string>
 #include <vector>
 
+#include "schema_source.hpp"
+
 namespace amesp_inp {
 
 struct GetOptions {
     std::string path;
     std::vector<std::string> keys;
-    std::string schema_path;
+    SchemaOptions schema;
 };
 
 // The exit status.

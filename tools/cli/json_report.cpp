@@ -42,6 +42,10 @@ std::string json_of(const Finding& finding) {
 
 }  // namespace
 
+std::string json_report_head(const std::string& schema_path) {
+    return R"({"format":"amesp-inp findings","version":1,"schema":)" + json_string(schema_path) + ",\"files\":[";
+}
+
 std::string json_report(const FileFindings& file) {
     std::string json = "{\"file\":" + json_string(file.name);
     json += ",\"error\":" + (file.error.empty() ? "null" : json_string(file.error));

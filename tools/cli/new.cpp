@@ -4,7 +4,6 @@
 
 #include "edits.hpp"
 #include "rendering_changes.hpp"
-#include "schema_source.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -14,7 +13,7 @@ using namespace velk::input::amesp;
 }  // namespace
 
 int run_new(const NewOptions& options) {
-    const InputSchema schema = load_schema(options.schema_path);
+    const InputSchema schema = load_schema(options.schema);
     AIPEditor editor({}, schema);
     apply(editor, options.edits);
     const std::string name = options.output.path.empty() ? "<new>" : options.output.path;

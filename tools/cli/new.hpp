@@ -5,11 +5,12 @@
 
 #include "edit_output.hpp"
 #include "edits.hpp"
+#include "schema_source.hpp"
 
 namespace amesp_inp {
 
 struct NewOptions {
-    std::string schema_path;
+    SchemaOptions schema;
     Edits edits;
     EditOutput output;
 };

@@ -4,13 +4,17 @@
 #include <stdexcept>
 #include <velk/core/resource.hpp>
 
+#include "output.hpp"
+
 namespace amesp_inp {
 namespace {
 
 using velk::core::resource::getenv_string;
 
+constexpr const char* schema_variable = "VELK_AMESP_INP_SCHEMA_YAML";
+
 std::string places_searched() {
-    const std::string variable = getenv_string("VELK_AMESP_INP_SCHEMA_YAML");
+    const std::string variable = getenv_string(schema_variable);
     const std::string data_home = getenv_string("XDG_DATA_HOME");
     const std::string data_dirs = getenv_string("XDG_DATA_DIRS");
     std::string text = "no schema found; looked for\n";
@@ -24,14 +28,34 @@ std::string places_searched() {
     return text;
 }
 
+// What the variable names was meant to be used, so that a mistake in it shall not go unseen.
+void warn_of_other_than_named(const std::string& used) {
+    const std::string named = getenv_string(schema_variable);
+    if (!named.empty() && named != used) {
+        complain(schema_variable + std::string(" names '") + named +
+                 "', which is no regular file; the schema in use is '" + used + "'");
+    }
+}
+
 }  // namespace
 
-velk::input::amesp::InputSchema load_schema(const std::string& path) {
-    const std::string found = path.empty() ? velk::input::amesp::resolve_schema_path("") : path;
-    if (found.empty()) {
-        throw std::runtime_error(places_searched());
+std::string find_schema(const SchemaOptions& options) {
+    std::string path = options.path;
+    if (path.empty()) {
+        path = velk::input::amesp::resolve_schema_path("");
+        if (path.empty()) {
+            throw std::runtime_error(places_searched());
+        }
+        warn_of_other_than_named(path);
     }
-    return velk::input::amesp::InputSchema::from_file(found);
+    if (options.verbose) {
+        complain("schema: " + path);
+    }
+    return path;
+}
+
+velk::input::amesp::InputSchema load_schema(const SchemaOptions& options) {
+    return velk::input::amesp::InputSchema::from_file(find_schema(options));
 }
 
 }  // namespace amesp_inp

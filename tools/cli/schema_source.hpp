@@ -6,8 +6,18 @@
 
 namespace amesp_inp {
 
-// The schema at `path`, or the default one when it is empty. Throws std::runtime_error, with a message that says what
-// is wrong or where a schema was looked for, when there is none to be had.
-velk::input::amesp::InputSchema load_schema(const std::string& path);
+// What the command line says of it.
+struct SchemaOptions {
+    std::string path;  // empty: the default one
+    bool verbose = false;
+};
+
+// The file of the schema to use. Says on standard error which it is when asked, and when the environment names another
+// that is no file. Throws std::runtime_error, with a message that says where a schema was looked for, when there is
+// none to be had.
+std::string find_schema(const SchemaOptions& options);
+
+// The schema of that file. Throws std::runtime_error with what is wrong with it.
+velk::input::amesp::InputSchema load_schema(const SchemaOptions& options);
 
 }  // namespace amesp_inp

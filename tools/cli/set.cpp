@@ -4,7 +4,6 @@
 #include <velk/input/amesp/parser.hpp>
 
 #include "edits.hpp"
-#include "schema_source.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -14,7 +13,7 @@ using namespace velk::input::amesp;
 }  // namespace
 
 int run_set(const SetOptions& options) {
-    const InputSchema schema = load_schema(options.schema_path);
+    const InputSchema schema = load_schema(options.schema);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
     if (inputs.size() > 1 && !options.output.path.empty()) {
         throw std::runtime_error("-o takes one input file");

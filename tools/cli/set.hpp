@@ -6,13 +6,14 @@
 #include "edit_output.hpp"
 #include "edits.hpp"
 #include "inputs.hpp"
+#include "schema_source.hpp"
 
 namespace amesp_inp {
 
 struct SetOptions {
     InputOptions inputs;
     EditOutput output;
-    std::string schema_path;
+    SchemaOptions schema;
     Edits edits;
 };
 

@@ -9,7 +9,6 @@
 #include "exit_status.hpp"
 #include "inputs.hpp"
 #include "json_writer.hpp"
-#include "schema_source.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -31,10 +30,11 @@ const char* name_of(SectionParseMode mode) {
 // One function for each kind of value, and the fields of each record in their order.
 class DocumentWriter {
 public:
-    void write(const AIPData& data) {
+    void write(const AIPData& data, const std::string& schema_path) {
         json_.begin_object();
         field("format", std::string("amesp-inp document"));
         field("version", std::int32_t{1});
+        field("schema", schema_path);
         field("header_comments", data.header_comments);
         field("directives", data.directives);
         field("method_tokens", data.method_tokens);
@@ -154,10 +154,11 @@ private:
 }  // namespace
 
 int run_show(const ShowOptions& options) {
-    const InputSchema schema = load_schema(options.schema_path);
+    const std::string schema_path = find_schema(options.schema);
+    const InputSchema schema = InputSchema::from_file(schema_path);
     const std::string text = read_input({options.path, options.path == "-" ? "<stdin>" : options.path});
     const ParseResult result = AIPParser::parse_string(text, schema, {true, false});
-    DocumentWriter().write(result.data);
+    DocumentWriter().write(result.data, schema_path);
     return exit_clean;
 }
 

@@ -3,11 +3,13 @@
 
 #include <string>
 
+#include "schema_source.hpp"
+
 namespace amesp_inp {
 
 struct ShowOptions {
     std::string path;
-    std::string schema_path;
+    SchemaOptions schema;
 };
 
 // The exit status.
