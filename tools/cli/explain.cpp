@@ -54,10 +54,10 @@ int explain_code(std::string code) {
     if (!code.starts_with("amesp")) {
         code = "amesp." + code;
     }
-    const auto codes = all_codes();
+    const auto known = all_codes();
     const auto found =
-        std::find_if(codes.begin(), codes.end(), [&](const CodeInfo& info) { return info.code == code; });
-    if (found == codes.end()) {
+        std::find_if(known.begin(), known.end(), [&](const CodeInfo& info) { return info.code == code; });
+    if (found == known.end()) {
         complain("unknown code '" + code + "'; 'amesp-inp explain' lists all codes");
         return exit_trouble;
     }
