@@ -31,7 +31,7 @@ configure_package_config_file(cmake/velk_amesp_inp-config.cmake.in
   ${PROJECT_BINARY_DIR}/velk_amesp_inp-config.cmake
   INSTALL_DESTINATION ${config_directory})
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/velk_amesp_inp-config-version.cmake
-  COMPATIBILITY SameMajorVersion)
+  COMPATIBILITY SameMinorVersion)
 install(FILES
   ${PROJECT_BINARY_DIR}/velk_amesp_inp-config.cmake
   ${PROJECT_BINARY_DIR}/velk_amesp_inp-config-version.cmake

@@ -17,7 +17,7 @@ function(velk_shared_library target exports)
   velk_compile_options(${target})
   set_target_properties(${target} PROPERTIES
     VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR}
+    SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}
     INSTALL_RPATH "$ORIGIN"
     LINK_DEPENDS ${exports})
   target_link_options(${target} PRIVATE -Wl,--version-script=${exports})

@@ -264,7 +264,7 @@ TEST(Help, OfEachVerbBeginsWithExamples) {
         EXPECT_EQ(run.status, 0);
         EXPECT_THAT(run.out, StartsWith(std::string("Examples:\n  amesp-inp ") + verb));
     }
-    EXPECT_EQ(run_program({"--version"}).out, "amesp-inp 1.0.0\n");
+    EXPECT_EQ(run_program({"--version"}).out, "amesp-inp 0.9.0\n");
 }
 
 }  // namespace

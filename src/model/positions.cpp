@@ -1,0 +1,122 @@
+// Columns in bytes and in units of UTF-8, UTF-16 and UTF-32, and the lines of a text.
+#include <velk/input/amesp/positions.hpp>
+
+#include <algorithm>
+#include <cstddef>
+
+namespace velk::input::amesp {
+namespace {
+
+bool continues(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+}
+
+// The bytes of the well-formed character at the start of a text that is not empty; 1 where there is none, with `valid`
+// left false. Forms that are too long, surrogates and what lies beyond U+10FFFF are none: their second byte tells.
+struct Character {
+    std::size_t bytes = 1;
+    bool valid = false;
+};
+
+Character first_character(std::string_view text) {
+    const auto first = static_cast<unsigned char>(text.front());
+    if (first < 0x80U) {
+        return {1, true};
+    }
+    const std::size_t bytes = first < 0xC2U ? 0 : first < 0xE0U ? 2 : first < 0xF0U ? 3 : first < 0xF5U ? 4 : 0;
+    if (bytes == 0 || text.size() < bytes || !std::all_of(text.begin() + 1, text.begin() + bytes, continues)) {
+        return {};
+    }
+    const auto second = static_cast<unsigned char>(text[1]);
+    const bool too_long = (first == 0xE0U && second < 0xA0U) || (first == 0xF0U && second < 0x90U);
+    const bool surrogate = first == 0xEDU && second >= 0xA0U;
+    const bool too_large = first == 0xF4U && second >= 0x90U;
+    return too_long || surrogate || too_large ? Character() : Character{bytes, true};
+}
+
+std::uint64_t units_of(const Character& character, ColumnUnit unit) {
+    constexpr std::uint64_t replacement_in_utf8 = 3;
+    switch (unit) {
+        case ColumnUnit::byte:
+            break;
+        case ColumnUnit::utf8:
+            return character.valid ? character.bytes : replacement_in_utf8;
+        case ColumnUnit::utf16:
+            return character.bytes == 4 ? 2 : 1;
+        case ColumnUnit::utf32:
+            return 1;
+    }
+    return character.bytes;
+}
+
+// Both columns of a place, from 0.
+struct Columns {
+    std::size_t bytes = 0;
+    std::uint64_t units = 0;
+};
+
+// The last place between characters for which `is_within` still holds, that place itself always being one.
+template <class IsWithin>
+Columns walk(std::string_view line, ColumnUnit unit, IsWithin is_within) {
+    Columns at;
+    while (at.bytes < line.size()) {
+        const Character character = first_character(line.substr(at.bytes));
+        const Columns next{at.bytes + character.bytes, at.units + units_of(character, unit)};
+        if (!is_within(next)) {
+            break;
+        }
+        at = next;
+    }
+    return at;
+}
+
+}  // namespace
+
+std::uint64_t column_from_bytes(std::string_view line, std::uint64_t byte_column, ColumnUnit unit) {
+    return walk(line, unit, [&](const Columns& next) { return next.bytes < byte_column; }).units + 1;
+}
+
+std::uint64_t column_to_bytes(std::string_view line, std::uint64_t column, ColumnUnit unit) {
+    return walk(line, unit, [&](const Columns& next) { return next.units < column; }).bytes + 1;
+}
+
+TextPositions::TextPositions(std::string_view text, LineEnds ends) : text_(text), begins_{0} {
+    const std::string_view marks = ends == LineEnds::editor ? std::string_view("\n\r") : std::string_view("\n");
+    for (std::size_t end = text.find_first_of(marks); end != std::string_view::npos;
+         end = text.find_first_of(marks, begins_.back())) {
+        const bool two_bytes = text[end] == '\r' && text.substr(end + 1).starts_with('\n');
+        begins_.push_back(end + (two_bytes ? 2 : 1));
+    }
+}
+
+std::string_view TextPositions::line(std::uint64_t number) const {
+    if (number < 1 || number > begins_.size()) {
+        return {};
+    }
+    const std::uint64_t begin = begins_[number - 1];
+    const bool is_last = number == begins_.size();
+    std::string_view line = text_.substr(begin, (is_last ? text_.size() : begins_[number]) - begin);
+    if (!is_last && line.ends_with('\n')) {
+        line.remove_suffix(1);
+        line.remove_suffix(line.ends_with('\r') ? 1 : 0);
+    } else if (!is_last) {
+        line.remove_suffix(1);  // a lone carriage return
+    }
+    return line;
+}
+
+Position TextPositions::position_of(std::uint64_t offset, ColumnUnit unit) const {
+    const auto after = std::upper_bound(begins_.begin(), begins_.end(), offset);
+    const auto number = static_cast<std::uint64_t>(after - begins_.begin());
+    return {number, column_from_bytes(line(number), offset - begins_[number - 1] + 1, unit)};
+}
+
+std::uint64_t TextPositions::offset_of(const Position& position, ColumnUnit unit) const {
+    if (position.line > begins_.size()) {
+        return text_.size();
+    }
+    const std::uint64_t number = std::max<std::uint64_t>(position.line, 1);
+    return begins_[number - 1] + column_to_bytes(line(number), position.column, unit) - 1;
+}
+
+}  // namespace velk::input::amesp
