@@ -161,7 +161,7 @@ TEST(Get, PrintsValuesForScripts) {
         EXPECT_EQ(done.out, "HF sto-3g\n");
         EXPECT_EQ(done.err, std::string("amesp-inp: '<stdin>' has no ") + absent + "\n");
     }
-    for (const char* const wrong : {"maxcore", "scf.", ">xyz.size", "%", ""}) {
+    for (const char* const wrong : {"nonsense", "scf.", ">xyz.size", "%", ""}) {
         EXPECT_EQ(get({wrong}).status, 2) << wrong;
     }
 }

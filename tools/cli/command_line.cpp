@@ -171,11 +171,42 @@ void add_fmt(CLI::App& verb, Run& run) {
     verb.add_flag("--diff", options->output.diff, "Print the change instead of the text");
 }
 
+// The first word is the file, unless files are given elsewhere.
+struct GetWords {
+    std::string first;
+    std::vector<std::string> others;
+};
+
+GetOptions completed(GetOptions options, const GetWords& words) {
+    options.keys = words.others;
+    if (words.first.empty()) {
+        throw CLI::RequiredError(options.inputs.paths.empty() ? "FILE" : "KEY");
+    }
+    if (options.inputs.paths.empty()) {
+        options.inputs.paths = {words.first};
+    } else {
+        options.keys.insert(options.keys.begin(), words.first);
+        options.names = true;
+    }
+    if (options.keys.empty()) {
+        throw CLI::RequiredError("KEY");
+    }
+    return options;
+}
+
 void add_get(CLI::App& verb, Run& run) {
-    const auto options = call_with_options(verb, run, run_get);
-    add_input_file(verb, options->path);
-    verb.add_option("KEY", options->keys, "What to print, one line each (atoms: one line an atom)")->required();
+    const auto options = std::make_shared<GetOptions>();
+    const auto words = std::make_shared<GetWords>();
+    verb.add_option("FILE", words->first, "Input file; - is standard input");
+    verb.add_option("KEY", words->others, "What to print, one line each; sections, atoms and kept lines take several");
+    verb.add_option("--files", options->inputs.paths, "Input files or directories, after the keys; implies --names")
+        ->type_name("FILE");
+    verb.add_flag("--names", options->names, "Print file, key and value, with tabs between");
+    verb.add_option("--format", options->format, "How values are printed (default: text)")
+        ->check(CLI::IsMember({"text", "json", "csv"}));
     add_schema_options(verb, options->schema);
+    verb.callback(
+        [options, words, &run] { run = [completed = completed(*options, *words)] { return run_get(completed); }; });
 }
 
 void add_set(CLI::App& verb, Run& run) {
@@ -255,11 +286,13 @@ const std::array verbs = {
          "  amesp-inp fmt --check *.inp        lists the files that would change\n"
          "  amesp-inp fmt --diff water.inp     shows what would change, for patch -p1",
          add_fmt},
-    Verb{"get", "Prints values of an input file.",
-         "  amesp-inp get water.inp %maxcore            a directive\n"
-         "  amesp-inp get water.inp '!'                 the tokens of the method line\n"
-         "  amesp-inp get water.inp scf.maxcyc          an entry of a section\n"
-         "  amesp-inp get water.inp '>xyz.charge' '>xyz.multiplicity' '>xyz.atoms'",
+    Verb{"get", "Prints values of input files.",
+         "  amesp-inp get water.inp %maxcore                   a directive\n"
+         "  amesp-inp get water.inp '!' '!basis' '!opt'        all tokens, those of a category, one\n"
+         "  amesp-inp get water.inp '>scf.maxcyc' '>scf'       an entry of a section, all its lines\n"
+         "  amesp-inp get water.inp '>xyz.charge' '>xyz.multiplicity' '>xyz.atoms' '>zmat.raw'\n"
+         "  amesp-inp get water.inp maxcore basis scf.maxcyc   clear without their marks\n"
+         "  amesp-inp get xyz.charge maxcore --files jobs/ --format csv",
          add_get},
     Verb{"set", "Changes values of input files, in the order of the options.",
          "  amesp-inp set water.inp --directive maxcore=4000       prints the changed text\n"
@@ -307,6 +340,15 @@ public:
                                 : examples + "\n\n" + Formatter::make_description(app);
     }
     std::string make_footer(const CLI::App* /*app*/) const override { return {}; }
+
+    // What comes first in one way is optional in the other; the library can say only one of them.
+    std::string make_usage(const CLI::App* app, std::string name) const override {
+        if (app->get_option_no_throw("--files") == nullptr) {
+            return Formatter::make_usage(app, name);
+        }
+        const std::string call = name + " [OPTIONS] ";
+        return "Usage: " + call + "FILE KEY...\n       " + call + "KEY... --files FILE...\n";
+    }
 };
 
 // Help and version go to standard output; a usage error names the verb that it was made with.

@@ -1,92 +1,62 @@
-// amesp-inp get: values of an input file, for scripts.
+// amesp-inp get: values of input files, for scripts.
 #include "get.hpp"
 
-#include <optional>
 #include <velk/input/amesp/parser.hpp>
 
 #include "edit_output.hpp"
-#include "numbers.hpp"
+#include "key_values.hpp"
+#include "value_report.hpp"
 
 namespace amesp_inp {
 namespace {
 
 using namespace velk::input::amesp;
 
-std::optional<std::string> directive_value(const AIPData& data, const InputSchema& schema, const std::string& name) {
-    const Directive* const directive = data.find_directive(schema.canonical_directive(name));
-    return directive == nullptr ? std::nullopt : std::optional(directive->value);
+// Without a name only the values of the one file that was asked for.
+ValueFormat format_of(const GetOptions& options, const std::vector<Input>& inputs) {
+    if (options.format == "json") {
+        return ValueFormat::json;
+    }
+    if (options.format == "csv") {
+        return ValueFormat::csv;
+    }
+    const bool is_one_file = inputs.size() == 1 && inputs.front().path == options.inputs.paths.front();
+    return options.names || !is_one_file ? ValueFormat::named : ValueFormat::bare;
 }
 
-std::optional<std::string> tokens(const AIPData& data) {
-    std::string text;
-    for (const MethodToken& token : data.method_tokens) {
-        text += (text.empty() ? "" : " ") + token.text;
+// All keys are understood before the first value is printed.
+int get_from(const Input& input, const InputSchema& schema, const std::vector<std::string>& keys, ValueReport& report) {
+    const std::string text = read_input(input);
+    const AIPData data = AIPParser::parse_string(text, schema, {true, false}).data;
+    std::vector<Key> understood;
+    for (const std::string& key : keys) {
+        understood.push_back(find_key(key, schema, data));
     }
-    return data.method_tokens.empty() ? std::nullopt : std::optional(text);
-}
-
-std::optional<std::string> integer(const std::optional<std::int32_t>& number) {
-    return number ? std::optional(std::to_string(*number)) : std::nullopt;
-}
-
-std::optional<std::string> geometry_value(const Section& section, const std::string& what) {
-    if (what == "charge") {
-        return integer(section.charge);
+    int status = exit_clean;
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const std::optional<KeyValue> value = value_of(understood[i], data, schema, text);
+        report.add(input.name, keys[i], value);
+        if (!value) {
+            complain("'" + input.name + "' has no " + keys[i]);
+            status = exit_findings;
+        }
     }
-    if (what == "multiplicity") {
-        return integer(section.multiplicity);
-    }
-    std::string text;
-    for (const AtomRecord& atom : section.atoms) {
-        text += (text.empty() ? "" : "\n") + atom.symbol + " " + coordinate_text(atom.x) + " " +
-                coordinate_text(atom.y) + " " + coordinate_text(atom.z);
-    }
-    return section.atoms.empty() ? std::nullopt : std::optional(text);
-}
-
-// Throws std::runtime_error for a key of no known form.
-std::optional<std::string> value_of(const AIPData& data, const InputSchema& schema, const std::string& key) {
-    if (key == "!") {
-        return tokens(data);
-    }
-    if (key.starts_with('%') && key.size() > 1) {
-        return directive_value(data, schema, key.substr(1));
-    }
-    const bool of_geometry = key.starts_with('>');
-    const std::size_t dot = key.find('.');
-    const std::string last = dot == std::string::npos ? "" : key.substr(dot + 1);
-    const bool known_part = last == "charge" || last == "multiplicity" || last == "atoms";
-    if (dot == std::string::npos || last.empty() || (of_geometry && !known_part)) {
-        throw std::runtime_error("'" + key + "' is no key: expected %DIRECTIVE, !, SECTION.ENTRY, " +
-                                 ">SECTION.charge, >SECTION.multiplicity or >SECTION.atoms");
-    }
-    const std::string name = key.substr(of_geometry ? 1 : 0, dot - (of_geometry ? 1 : 0));
-    const Section* const section = data.find_section(schema.canonical_section(name));
-    if (section == nullptr) {
-        return std::nullopt;
-    }
-    if (of_geometry) {
-        return geometry_value(*section, last);
-    }
-    const SectionEntry* const entry = section->find_entry(schema.canonical_entry(section->name, last));
-    return entry == nullptr ? std::nullopt : std::optional(entry->value);
+    return status;
 }
 
 }  // namespace
 
 int run_get(const GetOptions& options) {
-    const InputSchema schema = load_schema(options.schema);
-    const Input input{options.path, options.path == "-" ? "<stdin>" : options.path};
-    const AIPData data = AIPParser::parse_string(read_input(input), schema, {true, false}).data;
-    int status = exit_clean;
+    const std::string schema_path = find_schema(options.schema);
+    const InputSchema schema = InputSchema::from_file(schema_path);
     for (const std::string& key : options.keys) {
-        if (const std::optional<std::string> value = value_of(data, schema, key)) {
-            print(*value + "\n");
-        } else {
-            complain("'" + input.name + "' has no " + key);
-            status = exit_findings;
-        }
+        find_key(key, schema);  // a mistake is told once, not for each file
     }
+    const std::vector<Input> inputs = collect_inputs(options.inputs);
+    const std::unique_ptr<ValueReport> report = make_value_report(format_of(options, inputs), schema_path);
+    const int status =
+        for_each_input(inputs, [&](const Input& input) { return get_from(input, schema, options.keys, *report); });
+    report->finish();
     return status;
 }
 

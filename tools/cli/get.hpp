@@ -4,12 +4,15 @@
 #include <string>
 #include <vector>
 
+#include "inputs.hpp"
 #include "schema_source.hpp"
 
 namespace amesp_inp {
 
 struct GetOptions {
-    std::string path;
+    InputOptions inputs;
+    bool names = false;  // print file and key, too
+    std::string format = "text";
     std::vector<std::string> keys;
     SchemaOptions schema;
 };
