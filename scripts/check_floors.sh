@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A room of the library includes only rooms below it: model < schema < validation < parser, editor < overlay, exchange.
+# A room of the library includes only rooms below it: codes, model < schema < validation < parser, editor < overlay, exchange.
 # The library knows nothing of the program, and the program nothing of the library but its public headers.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -10,7 +10,8 @@ forbid() {  # forbid ROOM PATTERN REASON
     status=1
   fi
 }
-forbid src/model 'schema|validation|parser|editor|overlay|exchange' 'the model looks up'
+forbid src/codes 'model|schema|validation|parser|editor|overlay' 'the table of codes looks up'
+forbid src/model 'codes|schema|validation|parser|editor|overlay|exchange' 'the model looks up'
 forbid src/schema 'validation|parser|editor|overlay|exchange' 'the schema looks up'
 forbid src/validation 'parser|editor|overlay|exchange' 'validation looks up'
 forbid src/parser 'validation|editor|overlay|exchange' 'the parser looks sideways or up'
@@ -20,6 +21,11 @@ forbid src/exchange 'schema|validation|parser|editor|overlay' 'other formats nee
 forbid tools 'model|schema|validation|parser|editor|overlay|exchange' 'the program looks inside the library'
 if grep -rln 'yaml-cpp' src include core --include='*.[ch]pp' | grep -v '^src/schema/loader.cpp$'; then
   echo "only src/schema/loader.cpp may see yaml-cpp" >&2
+  status=1
+fi
+if grep -rnE '"(amesp|amesp-inp)\.[a-z_]+"' src tools |
+  grep -vE '^tools/cli/(findings|fixes).cpp:'; then
+  echo "codes are named by the constants of <velk/input/amesp/codes.hpp>" >&2
   status=1
 fi
 only() {  # only PATTERN FILE: no other file of the program includes it

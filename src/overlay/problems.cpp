@@ -1,23 +1,25 @@
 // What cannot be laid over a text.
 #include "overlay/problems.hpp"
 
+#include <velk/input/amesp/codes.hpp>
+
 namespace velk::input::amesp::overlay {
 namespace {
 
-ValidationIssue error(const char* code, std::string message, const std::optional<SourceLocation>& location) {
-    return {IssueSeverity::Error, code, std::move(message), location};
+ValidationIssue error(std::string_view code, std::string message, const std::optional<SourceLocation>& location) {
+    return {IssueSeverity::Error, std::string(code), std::move(message), location};
 }
 
 }  // namespace
 
 void Problems::cannot_write(std::string_view what, const std::optional<SourceLocation>& location) {
     issues_.push_back(
-        error("amesp.not_expressible",
+        error(codes::not_expressible,
               std::string(what) + " cannot be written so that it reads back as itself; it was not written.", location));
 }
 
 void Problems::not_of_this_text(std::string_view what, const std::optional<SourceLocation>& location) {
-    issues_.push_back(error("amesp.not_of_this_text",
+    issues_.push_back(error(codes::not_of_this_text,
                             std::string(what) + " does not agree with the text to change; the text was left as it was.",
                             location));
 }

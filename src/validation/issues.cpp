@@ -4,6 +4,8 @@
 #include <initializer_list>
 #include <utility>
 
+#include <velk/input/amesp/codes.hpp>
+
 #include "model/numbers.hpp"
 
 namespace velk::input::amesp::issues {
@@ -17,12 +19,12 @@ std::string join(std::initializer_list<std::string_view> pieces) {
     return text;
 }
 
-ValidationIssue error(const char* code, std::string message, const Location& location = std::nullopt) {
-    return {IssueSeverity::Error, code, std::move(message), location};
+ValidationIssue error(std::string_view code, std::string message, const Location& location = std::nullopt) {
+    return {IssueSeverity::Error, std::string(code), std::move(message), location};
 }
 
-ValidationIssue warning(const char* code, std::string message, const Location& location) {
-    return {IssueSeverity::Warning, code, std::move(message), location};
+ValidationIssue warning(std::string_view code, std::string message, const Location& location) {
+    return {IssueSeverity::Warning, std::string(code), std::move(message), location};
 }
 
 std::string bound_text(double bound) {
@@ -39,81 +41,81 @@ std::string Subject::label() const {
 }
 
 ValidationIssue missing_method_line() {
-    return error("amesp.missing_method_line", "AMESP input requires a non-empty method line beginning with '!'.");
+    return error(codes::missing_method_line, "AMESP input requires a non-empty method line beginning with '!'.");
 }
 
 ValidationIssue missing_geometry() {
-    return error("amesp.missing_geometry", "AMESP input requires one >xyz or >zmat coordinate section.");
+    return error(codes::missing_geometry, "AMESP input requires one >xyz or >zmat coordinate section.");
 }
 
 ValidationIssue multiple_geometry_sections() {
-    return error("amesp.multiple_geometry_sections",
+    return error(codes::multiple_geometry_sections,
                  "AMESP input must not contain multiple >xyz/>zmat coordinate sections.");
 }
 
 ValidationIssue missing_required_section(std::string_view name) {
-    return error("amesp.missing_required_section", join({"AMESP input requires section '>", name, "'."}));
+    return error(codes::missing_required_section, join({"AMESP input requires section '>", name, "'."}));
 }
 
 ValidationIssue duplicate_section(std::string_view name) {
-    return error("amesp.duplicate_section", join({"AMESP section '>", name, "' may appear only once."}));
+    return error(codes::duplicate_section, join({"AMESP section '>", name, "' may appear only once."}));
 }
 
 ValidationIssue unknown_directive(const Directive& directive) {
-    return warning("amesp.unknown_directive", join({"Unknown AMESP directive '% ", directive.name, "' was preserved."}),
+    return warning(codes::unknown_directive, join({"Unknown AMESP directive '% ", directive.name, "' was preserved."}),
                    directive.location);
 }
 
 ValidationIssue unknown_method_token(std::string_view name, const Location& location) {
-    return warning("amesp.unknown_method_token", join({"Unknown AMESP method-line token '", name, "' was preserved."}),
+    return warning(codes::unknown_method_token, join({"Unknown AMESP method-line token '", name, "' was preserved."}),
                    location);
 }
 
 ValidationIssue unknown_section(const Section& section) {
-    return warning("amesp.unknown_section", join({"Unknown AMESP section '>", section.name, "' was preserved."}),
+    return warning(codes::unknown_section, join({"Unknown AMESP section '>", section.name, "' was preserved."}),
                    section.location);
 }
 
 ValidationIssue unknown_entry(const SectionEntry& entry, std::string_view section) {
-    return warning("amesp.unknown_entry", join({"Unknown entry '", entry.key, "' in >", section, " was preserved."}),
+    return warning(codes::unknown_entry, join({"Unknown entry '", entry.key, "' in >", section, " was preserved."}),
                    entry.location);
 }
 
 ValidationIssue unterminated_section(std::string_view name, const Location& location) {
-    return error("amesp.unterminated_section", join({"AMESP section '>", name, "' is missing its terminating 'end'."}),
+    return error(codes::unterminated_section, join({"AMESP section '>", name, "' is missing its terminating 'end'."}),
                  location);
 }
 
 ValidationIssue invalid_xyz_header(const Location& location) {
-    return error("amesp.invalid_xyz_header", "The >xyz header requires charge and spin multiplicity.", location);
+    return error(codes::invalid_xyz_header, "The >xyz header requires charge and spin multiplicity.", location);
 }
 
 ValidationIssue invalid_multiplicity(const Location& location) {
-    return error("amesp.invalid_multiplicity", "The >xyz spin multiplicity must be >= 1.", location);
+    return error(codes::invalid_multiplicity, "The >xyz spin multiplicity must be >= 1.", location);
 }
 
 ValidationIssue empty_geometry(const Location& location) {
-    return error("amesp.empty_geometry", "The >xyz section must contain at least one atom.", location);
+    return error(codes::empty_geometry, "The >xyz section must contain at least one atom.", location);
 }
 
 ValidationIssue missing_required_entry(std::string_view section, std::string_view key, const Location& location) {
-    return error("amesp.missing_required_entry", join({"Section '>", section, "' requires entry '", key, "'."}),
+    return error(codes::missing_required_entry, join({"Section '>", section, "' requires entry '", key, "'."}),
                  location);
 }
 
 ValidationIssue invalid_value(const Subject& subject, std::string_view value_type, std::string_view value,
                               const Location& location) {
-    return error("amesp.invalid_value", join({subject.label(), " expects ", value_type, ", got '", value, "'."}),
+    return error(codes::invalid_value, join({subject.label(), " expects ", value_type, ", got '", value, "'."}),
                  location);
 }
 
 ValidationIssue value_below_minimum(const Subject& subject, double minimum, const Location& location) {
-    return error("amesp.value_below_minimum", join({subject.label(), " must be >= ", bound_text(minimum), "."}),
+    return error(codes::value_below_minimum, join({subject.label(), " must be >= ", bound_text(minimum), "."}),
                  location);
 }
 
 ValidationIssue value_above_maximum(const Subject& subject, double maximum, const Location& location) {
-    return error("amesp.value_above_maximum", join({subject.label(), " must be <= ", bound_text(maximum), "."}),
+    return error(codes::value_above_maximum, join({subject.label(), " must be <= ", bound_text(maximum), "."}),
                  location);
 }
 

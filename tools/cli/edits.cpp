@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <velk/core/fs.hpp>
 #include <velk/core/text.hpp>
+#include <velk/input/amesp/codes.hpp>
 #include <velk/input/amesp/parser.hpp>
 
 #include "findings.hpp"
@@ -106,7 +107,7 @@ void set_geometry(AIPEditor& editor, const std::string& xyz_path, std::optional<
 
 bool cannot_be_forced(const std::vector<Finding>& findings) {
     return std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
-        return finding.code == "amesp-inp.reads_differently" && finding.location.line == 0;
+        return finding.code == codes::inp::reads_differently && finding.location.line == 0;
     });
 }
 

@@ -4,13 +4,19 @@
 #include <algorithm>
 #include <string>
 #include <velk/core/text_view.hpp>
+#include <velk/input/amesp/codes.hpp>
 
-#include "codes.hpp"
 #include "exit_status.hpp"
 #include "output.hpp"
 
 namespace amesp_inp {
 namespace {
+
+using namespace velk::input::amesp;
+
+const char* name_of(Severity severity) {
+    return severity == Severity::error ? "error" : severity == Severity::warning ? "warning" : "note";
+}
 
 std::string indented(std::string_view text) {
     std::string result;
@@ -24,15 +30,15 @@ std::string indented(std::string_view text) {
 
 std::string explanation(const CodeInfo& info) {
     std::string text(info.code);
-    text += " (" + std::string(info.severity) + ")\n\n";
+    text += " (" + std::string(name_of(info.severity)) + ")\n\n";
     text += std::string(info.meaning) + "\n";
-    if (!info.bad.empty()) {
-        text += "\nBad:\n\n" + indented(info.bad) + "\nGood:\n\n" + indented(info.good);
+    if (!info.bad_example.empty()) {
+        text += "\nBad:\n\n" + indented(info.bad_example) + "\nGood:\n\n" + indented(info.good_example);
     }
     if (!info.schema.empty()) {
         text += "\nWith the schema:\n\n" + indented(info.schema);
     }
-    text += "\nTo mend it: " + std::string(info.mend) + "\n";
+    text += "\nTo mend it: " + std::string(info.remedy) + "\n";
     return text;
 }
 
@@ -44,7 +50,8 @@ int list_codes() {
     for (const CodeInfo& info : all_codes()) {
         std::string line(info.code);
         line.append(width + 2 - line.size(), ' ');
-        line += std::string(info.severity) + (info.severity == "error" ? "    " : "  ");
+        line += name_of(info.severity);
+        line.append(width + 11 - line.size(), ' ');
         print(line + std::string(info.meaning) + "\n");
     }
     return exit_clean;
@@ -54,10 +61,8 @@ int explain_code(std::string code) {
     if (!code.starts_with("amesp")) {
         code = "amesp." + code;
     }
-    const auto known = all_codes();
-    const auto found =
-        std::find_if(known.begin(), known.end(), [&](const CodeInfo& info) { return info.code == code; });
-    if (found == known.end()) {
+    const CodeInfo* const found = find_code(code);
+    if (found == nullptr) {
         complain("unknown code '" + code + "'; 'amesp-inp explain' lists all codes");
         return exit_trouble;
     }

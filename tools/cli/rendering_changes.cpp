@@ -8,6 +8,7 @@
 #include <set>
 #include <utility>
 #include <velk/core/text_view.hpp>
+#include <velk/input/amesp/codes.hpp>
 #include <velk/input/amesp/parser.hpp>
 
 #include "line_marks.hpp"
@@ -42,6 +43,10 @@ bool same_atom(const AtomRecord& a, const AtomRecord& b) {
 bool hides_words(std::string_view line) {
     take_word(line);
     return !trim_view(line.substr(0, line.find_first_of(" \t"))).empty();
+}
+
+bool is_marker_alone(std::string_view code) {
+    return code == codes::empty_directive || code == codes::empty_method_line || code == codes::empty_section_header;
 }
 
 class Changes {
@@ -82,7 +87,7 @@ public:
         add_hidden_words(SourceLines(text));
         for (const Section& section : data_.sections) {
             if (section.name == "xyz" && section.charge && section.multiplicity && section.arguments.size() > 2) {
-                lose(section.location, "amesp-inp.dropped_words",
+                lose(section.location, codes::inp::dropped_words,
                      "Words after charge and multiplicity in the >xyz header would be lost.");
             }
             for (const AtomRecord& atom : section.atoms) {
@@ -91,12 +96,12 @@ public:
                     take_word(rest);
                 }
                 if (!trim_view(rest).empty()) {
-                    lose(atom.location, "amesp-inp.dropped_words",
+                    lose(atom.location, codes::inp::dropped_words,
                          "Words after the coordinates of an atom would be lost.");
                 }
                 if (!same_number(atom.x, rounded(atom.x)) || !same_number(atom.y, rounded(atom.y)) ||
                     !same_number(atom.z, rounded(atom.z))) {
-                    note(atom.location, "amesp-inp.rounded", "Coordinates would be rounded to ten decimals.");
+                    note(atom.location, codes::inp::rounded, "Coordinates would be rounded to ten decimals.");
                 }
             }
         }
@@ -104,7 +109,7 @@ public:
 
     void add_hidden_words(const SourceLines& lines) {
         const auto lose_words = [&](const std::optional<SourceLocation>& location) {
-            lose(location, "amesp-inp.dropped_words", "Words between a name and its value would be lost.");
+            lose(location, codes::inp::dropped_words, "Words between a name and its value would be lost.");
         };
         for (const Directive& directive : data_.directives) {
             if (directive.location &&
@@ -123,12 +128,12 @@ public:
 
     void add_repairs() {
         for (const ParseWarning& warning : data_.warnings) {
-            if (warning.code == "amesp.unterminated_section") {
-                note(warning.location, "amesp-inp.added_end", "The missing 'end' of this section would be added.");
-            } else if (warning.code == "amesp.multiple_method_lines") {
-                note(warning.location, "amesp-inp.moved_line", "This method line would be joined to the first one.");
-            } else if (warning.code.starts_with("amesp.empty_")) {
-                note(warning.location, "amesp-inp.dropped_marker", "This line holds a marker alone and would go.");
+            if (warning.code == codes::unterminated_section) {
+                note(warning.location, codes::inp::added_end, "The missing 'end' of this section would be added.");
+            } else if (warning.code == codes::multiple_method_lines) {
+                note(warning.location, codes::inp::moved_line, "This method line would be joined to the first one.");
+            } else if (is_marker_alone(warning.code)) {
+                note(warning.location, codes::inp::dropped_marker, "This line holds a marker alone and would go.");
             }
         }
     }
@@ -146,16 +151,18 @@ public:
     }
 
 private:
-    void lose(const std::optional<SourceLocation>& place, const char* code, std::string message) {
-        found_.push_back({IssueSeverity::Error, code, std::move(message), place.value_or(nowhere), {}, {}});
+    void lose(const std::optional<SourceLocation>& place, std::string_view code, std::string message) {
+        found_.push_back(
+            {IssueSeverity::Error, std::string(code), std::move(message), place.value_or(nowhere), {}, {}});
     }
 
-    void note(const std::optional<SourceLocation>& place, const char* code, std::string message) {
-        found_.push_back({IssueSeverity::Warning, code, std::move(message), place.value_or(nowhere), {}, {}});
+    void note(const std::optional<SourceLocation>& place, std::string_view code, std::string message) {
+        found_.push_back(
+            {IssueSeverity::Warning, std::string(code), std::move(message), place.value_or(nowhere), {}, {}});
     }
 
     void report_difference(const std::optional<SourceLocation>& place) {
-        lose(place, "amesp-inp.reads_differently", "The canonical text of this would be read back as something else.");
+        lose(place, codes::inp::reads_differently, "The canonical text of this would be read back as something else.");
     }
 
     // False when the lists cannot be told to match record by record.
@@ -213,11 +220,11 @@ private:
             data_.sections.empty() || !data_.sections[0].location ? UINT64_MAX : data_.sections[0].location->line;
         for (const Directive& directive : data_.directives) {
             if (directive.location && directive.location->line > std::min(method, section)) {
-                note(directive.location, "amesp-inp.moved_line", "This directive would be moved to the front.");
+                note(directive.location, codes::inp::moved_line, "This directive would be moved to the front.");
             }
         }
         if (method != UINT64_MAX && method > section) {
-            note(data_.method_tokens[0].location, "amesp-inp.moved_line",
+            note(data_.method_tokens[0].location, codes::inp::moved_line,
                  "The method line would be moved above the sections.");
         }
     }
@@ -237,7 +244,7 @@ private:
         const std::uint64_t last_record = records.empty() ? 0 : *records.rbegin();
         for (std::uint64_t number = section.location->line + 1; number < last_record; ++number) {
             if (!records.contains(number)) {
-                note(lines.text_of(number), "amesp-inp.moved_line",
+                note(lines.text_of(number), codes::inp::moved_line,
                      "This line would be moved to the end of its section.");
             }
         }
@@ -264,7 +271,7 @@ private:
             const std::string_view text = trim_view(lines.line(number));
             if (is_marked(text)) {
                 for (const std::uint64_t moved : kept) {
-                    note(lines.text_of(moved), "amesp-inp.moved_line",
+                    note(lines.text_of(moved), codes::inp::moved_line,
                          "This line would be moved to the end of the file.");
                 }
                 kept.clear();
@@ -292,7 +299,7 @@ private:
     void add_first_blank_line(const SourceLines& lines) {
         for (const std::uint64_t number : top_level_lines(data_, lines)) {
             if (trim_view(lines.line(number)).empty()) {
-                note(lines.text_of(number), "amesp-inp.moved_blank_lines", "Blank lines would be laid out anew.");
+                note(lines.text_of(number), codes::inp::moved_blank_lines, "Blank lines would be laid out anew.");
                 return;
             }
         }

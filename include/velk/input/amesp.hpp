@@ -1,6 +1,7 @@
 // The whole public interface: read, check, edit and write AMESP input files.
 #pragma once
 
+#include <velk/input/amesp/codes.hpp>
 #include <velk/input/amesp/document.hpp>
 #include <velk/input/amesp/editor.hpp>
 #include <velk/input/amesp/parser.hpp>

@@ -1,9 +1,10 @@
-// The table of codes.
-#include "codes.hpp"
+// The one table of codes, in the order of their bytes.
+#include <velk/input/amesp/codes.hpp>
 
+#include <algorithm>
 #include <array>
 
-namespace amesp_inp {
+namespace velk::input::amesp {
 namespace {
 
 constexpr std::string_view required_schema =
@@ -13,138 +14,139 @@ constexpr std::string_view required_schema =
     "  xyz: {parse_mode: cartesian_coordinates}\n"
     "  scf: {parse_mode: key_value, required: true, entries: {maxcyc: {value_type: integer, required: true}}}\n";
 
-constexpr auto codes = std::to_array<CodeInfo>({
-    {"amesp-inp.added_end", "warning", "Formatting would add the missing 'end' of a section.",
+constexpr auto table = std::to_array<CodeInfo>({
+    {codes::inp::added_end, Severity::warning, "Formatting would add the missing 'end' of a section.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "See whether the section was meant to end earlier, and write its 'end' there.", ""},
-    {"amesp-inp.dropped_marker", "warning", "Formatting would drop a line that holds '%', '!' or '>' alone.",
+    {codes::inp::dropped_marker, Severity::warning, "Formatting would drop a line that holds '%', '!' or '>' alone.",
      "! hf sto-3g\n%\n\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Remove the line, or complete it.", ""},
-    {"amesp-inp.dropped_words", "error",
+    {codes::inp::dropped_words, Severity::error,
      "Canonical text has no place for words after the coordinates of an atom, after charge and multiplicity in the "
      ">xyz "
      "header, or between a name and its value where other white space than blanks and tabs parts them. They would be "
      "lost, and the file is refused.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0 frozen\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\n  # He: frozen\nend\n",
      "Move the words into a comment of their own, or format with --force.", ""},
-    {"amesp-inp.moved_blank_lines", "warning", "Formatting would lay out blank lines anew.",
+    {codes::inp::moved_blank_lines, Severity::warning, "Formatting would lay out blank lines anew.",
      "# helium\n\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n", "# helium\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Nothing is lost but the layout.", ""},
-    {"amesp-inp.moved_line", "warning",
+    {codes::inp::moved_line, Severity::warning,
      "Formatting would move a line: directives and the method line come first, comments and loose lines after what "
      "they "
      "stand between.",
      "! hf sto-3g\n# the geometry\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "# the geometry\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Put comments at the head of the file, where they stay.", ""},
-    {"amesp-inp.reads_differently", "error",
+    {codes::inp::reads_differently, Severity::error,
      "The canonical text would be read back as something else: a value that holds '=', a key that holds a blank, an "
      "entry named 'end'. The file is refused.",
      "! hf sto-3g\n\n>scf\n  my note = x\nend\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n\n>scf\n  note = x\nend\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Change the name or the value, or leave the file unformatted.", ""},
-    {"amesp-inp.rounded", "warning", "Formatting would round coordinates to ten decimals.",
+    {codes::inp::rounded, Severity::warning, "Formatting would round coordinates to ten decimals.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.12345678901\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.1234567890\nend\n",
      "Leave the file unformatted where more digits matter.", ""},
-    {"amesp.duplicate_section", "error",
+    {codes::duplicate_section, Severity::error,
      "A section that the schema allows only once stands in the input several times.",
      "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>scf\n  conv 1e-6\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n>scf\n  maxcyc 50\n  conv 1e-6\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Merge the sections into one, or remove those that are not wanted.", ""},
-    {"amesp.empty_directive", "warning", "A line begins with '%' but names no directive. It is not kept.",
+    {codes::empty_directive, Severity::warning, "A line begins with '%' but names no directive. It is not kept.",
      "%\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Name the directive after the '%', or remove the line.", ""},
-    {"amesp.empty_geometry", "error", "The >xyz section holds no atom that could be read.",
+    {codes::empty_geometry, Severity::error, "The >xyz section holds no atom that could be read.",
      "! hf sto-3g\n>xyz 0 1\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Give one line for each atom: symbol, x, y, z.", ""},
-    {"amesp.empty_method_line", "warning", "A line begins with '!' but holds no token.",
+    {codes::empty_method_line, Severity::warning, "A line begins with '!' but holds no token.",
      "! hf sto-3g\n!\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Write method, basis set and task after the '!', or remove the line.", ""},
-    {"amesp.empty_section_header", "warning", "A line begins with '>' but names no section. It is not kept.",
+    {codes::empty_section_header, Severity::warning, "A line begins with '>' but names no section. It is not kept.",
      "! hf sto-3g\n>\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Name the section after the '>', or remove the line.", ""},
-    {"amesp.invalid_multiplicity", "error", "The spin multiplicity in the >xyz header is below 1.",
+    {codes::invalid_multiplicity, Severity::error, "The spin multiplicity in the >xyz header is below 1.",
      "! hf sto-3g\n>xyz 0 0\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Give 2S+1: 1 for a singlet, 2 for a doublet, 3 for a triplet.", ""},
-    {"amesp.invalid_section_entry", "warning",
+    {codes::invalid_section_entry, Severity::warning,
      "A line in a section of entries has nothing before its '='. It is kept as it is, but sets nothing.",
      "! hf sto-3g\n>scf\n  = 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n>scf\n  maxcyc = 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n", "Write 'key value' or 'key = value'.", ""},
-    {"amesp.invalid_value", "error", "A value is not of the type that the schema gives for it.",
+    {codes::invalid_value, Severity::error, "A value is not of the type that the schema gives for it.",
      "% maxcore lots\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Write an integer (50), a real number (1.0d-8), a boolean (on, off, true, false, yes, no, 1, 0) or one of the "
      "allowed words, as the message says.",
      ""},
-    {"amesp.invalid_xyz_header", "error", "The >xyz header does not hold charge and spin multiplicity as two integers.",
+    {codes::invalid_xyz_header, Severity::error,
+     "The >xyz header does not hold charge and spin multiplicity as two integers.",
      "! hf sto-3g\n>xyz 0\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Write both after the name: '>xyz CHARGE MULTIPLICITY'.", ""},
-    {"amesp.invalid_xyz_record", "warning",
+    {codes::invalid_xyz_record, Severity::warning,
      "A line in a Cartesian section is no atom: it has fewer than four words, or a coordinate is no number. It is kept "
      "as it is, but is not part of the geometry.",
      "! hf sto-3g\n>xyz 0 1\n  H 0 0 0\n  H 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  H 0 0 0\n  H 0 0 0.74\nend\n",
      "Give symbol, x, y and z. Exponents may be written with e or d.", ""},
-    {"amesp.loose_line", "warning",
+    {codes::loose_line, Severity::warning,
      "A line stands outside every section and begins with none of '%', '!', '>' and the comment marks '#', '//', ';'.",
      "! hf sto-3g\nmy first calculation\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n# my first calculation\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Make it a comment with '#', or move it into the section it belongs to.", ""},
-    {"amesp.missing_geometry", "error", "The input has neither an >xyz nor a >zmat section.", "! hf sto-3g\n",
+    {codes::missing_geometry, Severity::error, "The input has neither an >xyz nor a >zmat section.", "! hf sto-3g\n",
      "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Add the geometry. Its header may have been swallowed by a section without 'end'.", ""},
-    {"amesp.missing_method_line", "error", "The input has no method line with at least one token.",
+    {codes::missing_method_line, Severity::error, "The input has no method line with at least one token.",
      ">xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Add a line that begins with '!' and names method and basis set.", ""},
-    {"amesp.missing_required_entry", "error", "A section lacks an entry that the schema requires.",
+    {codes::missing_required_entry, Severity::error, "A section lacks an entry that the schema requires.",
      "! hf sto-3g\n>scf\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n", "Add the entry to the section.",
      required_schema},
-    {"amesp.missing_required_section", "error", "The input lacks a section that the schema requires.",
+    {codes::missing_required_section, Severity::error, "The input lacks a section that the schema requires.",
      "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Add the section.", required_schema},
-    {"amesp.multiple_geometry_sections", "error", "The input has more than one >xyz or >zmat section.",
+    {codes::multiple_geometry_sections, Severity::error, "The input has more than one >xyz or >zmat section.",
      "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n>zmat\n  He\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Keep one geometry.", ""},
-    {"amesp.multiple_method_lines", "warning",
+    {codes::multiple_method_lines, Severity::warning,
      "The input has several method lines. Their tokens are read as one line, in order.",
      "! hf\n! sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Put all tokens on one line.", ""},
-    {"amesp.not_expressible", "error",
+    {codes::not_expressible, Severity::error,
      "An edit asks for something that no line of the text would be read back as: a value with a line feed, a name with "
      "a blank, an entry in a section that is kept as raw lines. Nothing is written.",
      "amesp-inp set he.inp --add-token 'two words'\n", "amesp-inp set he.inp --add-token two --add-token words\n",
      "Change the value or the name; raw sections are edited by hand.", ""},
-    {"amesp.not_of_this_text", "error",
+    {codes::not_of_this_text, Severity::error,
      "Only programs that call the library meet it: a document is laid over a text that it was not read from, or a list "
      "was changed that the editor's operations leave alone. The text stays as it was there.",
      "", "", "Give `render_over` the text that the document was parsed from, and edit with the editor's operations.",
      ""},
-    {"amesp.unknown_directive", "warning", "The schema does not know a directive. It is kept as it is.",
+    {codes::unknown_directive, Severity::warning, "The schema does not know a directive. It is kept as it is.",
      "% maxcor 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Mend the spelling; or, when the name is right, add it to your schema.", ""},
-    {"amesp.unknown_entry", "warning", "The schema does not know an entry of this section. It is kept as it is.",
+    {codes::unknown_entry, Severity::warning, "The schema does not know an entry of this section. It is kept as it is.",
      "! hf sto-3g\n>scf\n  maxcycle 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Mend the spelling; or, when the name is right, add it to your schema.", ""},
-    {"amesp.unknown_method_token", "warning",
+    {codes::unknown_method_token, Severity::warning,
      "The schema does not know a token of the method line. It is kept as it is.",
      "! b3lpy sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "! b3lyp sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Mend the spelling; or, when the name is right, add it to your schema.", ""},
-    {"amesp.unknown_section", "warning",
+    {codes::unknown_section, Severity::warning,
      "The schema does not know a section. It is kept as it is, and nothing in it is checked.",
      "! hf sto-3g\n>scff\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Mend the spelling; or, when the name is right, add it to your schema.", ""},
-    {"amesp.unterminated_section", "error",
+    {codes::unterminated_section, Severity::error,
      "A section runs to the end of the file because its 'end' is missing: everything after its header is read as part "
      "of it. (A warning where the schema does not know the section.)",
      "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\n", "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Write 'end' on a line of its own after the last line of the section.", ""},
-    {"amesp.value_above_maximum", "error", "A number is above the greatest that the schema allows.",
+    {codes::value_above_maximum, Severity::error, "A number is above the greatest that the schema allows.",
      "! hf sto-3g\n>scf\n  conv 10\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n>scf\n  conv 1e-6\nend\n>xyz 0 1\n  He 0 0 0\nend\n", "Give a smaller number.", ""},
-    {"amesp.value_below_minimum", "error", "A number is below the smallest that the schema allows.",
+    {codes::value_below_minimum, Severity::error, "A number is below the smallest that the schema allows.",
      "% maxcore 0\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "Give a greater number.", ""},
 });
@@ -152,7 +154,14 @@ constexpr auto codes = std::to_array<CodeInfo>({
 }  // namespace
 
 std::span<const CodeInfo> all_codes() {
-    return codes;
+    return table;
 }
 
-}  // namespace amesp_inp
+const CodeInfo* find_code(std::string_view code) {
+    const auto* const found =
+        std::lower_bound(table.begin(), table.end(), code,
+                         [](const CodeInfo& info, std::string_view wanted) { return info.code < wanted; });
+    return found != table.end() && found->code == code ? found : nullptr;
+}
+
+}  // namespace velk::input::amesp
