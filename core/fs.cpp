@@ -15,7 +15,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include <velk/core/large_room.hpp>
+#include "large_room.hpp"
 
 namespace velk::core::fs {
 namespace {

@@ -6,10 +6,10 @@
 #include <string_view>
 
 #include <velk/core/fs.hpp>
-#include <velk/core/large_room.hpp>
 #include <velk/core/text_view.hpp>
 #include <velk/input/amesp/editor.hpp>
 
+#include "large_room.hpp"
 #include "model/coordinate_text.hpp"
 #include "model/geometry_names.hpp"
 #include "model/numbers.hpp"

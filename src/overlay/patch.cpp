@@ -4,8 +4,9 @@
 #include <algorithm>
 #include <string_view>
 
-#include <velk/core/large_room.hpp>
 #include <velk/core/text_view.hpp>
+
+#include "large_room.hpp"
 
 namespace velk::input::amesp {
 namespace {

@@ -5,9 +5,9 @@
 #include <string>
 #include <utility>
 
-#include <velk/core/large_room.hpp>
 #include <velk/core/text_view.hpp>
 
+#include "large_room.hpp"
 #include "model/geometry_names.hpp"
 #include "model/in_place.hpp"
 #include "model/numbers.hpp"

@@ -1,5 +1,5 @@
 // Room for very long lists and texts: what is reserved, and which pages the kernel is asked for.
-#include <velk/core/large_room.hpp>
+#include "large_room.hpp"
 
 #include <gtest/gtest.h>
 
