@@ -297,7 +297,7 @@ TEST(New, MakesAnInputThatPassesCheck) {
 }
 
 TEST(VerbPages, ShowTheHelpOfTheirVerb) {
-    for (const char* const verb : {"check", "explain", "show", "fmt", "get", "set", "geom", "new"}) {
+    for (const char* const verb : {"check", "explain", "show", "fmt", "get", "set", "geom", "new", "help"}) {
         const std::string page = read_file(std::string(VELK_SOURCE_DIRECTORY "/docs/verbs/") + verb + ".md");
         EXPECT_THAT(page, HasSubstr("```text\n" + run_program({verb, "--help"}).out + "```\n")) << verb;
         EXPECT_THAT(run_program({verb, "--help"}).out, StartsWith(std::string("Examples:\n  amesp-inp ") + verb));

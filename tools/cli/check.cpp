@@ -23,6 +23,7 @@
 #include "json_report.hpp"
 #include "output.hpp"
 #include "progress.hpp"
+#include "usage_error.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -136,7 +137,7 @@ FileCheck file_check(const CheckOptions& options) {
 void refuse_what_cannot_be_fixed(const std::vector<Input>& inputs, const CheckOptions& options) {
     const auto is_stdin = [](const Input& input) { return input.path == "-"; };
     if (!options.fix.empty() && !options.diff && std::any_of(inputs.begin(), inputs.end(), is_stdin)) {
-        throw std::runtime_error("standard input cannot be fixed in place: add --diff");
+        throw UsageError("standard input cannot be fixed in place: add --diff");
     }
 }
 

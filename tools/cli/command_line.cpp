@@ -15,10 +15,12 @@
 #include "fmt.hpp"
 #include "geom.hpp"
 #include "get.hpp"
+#include "name_hints.hpp"
 #include "new.hpp"
 #include "output.hpp"
 #include "set.hpp"
 #include "show.hpp"
+#include "usage_error.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -34,12 +36,27 @@ std::shared_ptr<Options> call_with_options(CLI::App& verb, Run& run, int (*call)
 }
 
 void add_input_options(CLI::App& verb, InputOptions& options) {
-    verb.add_option("FILE", options.paths, "Input files or directories; - is standard input")->required();
+    auto* const files = verb.add_option("FILE", options.paths, "Input files or directories; - is standard input");
+    auto* const list = verb.add_option("--files-from", options.list_path,
+                                       "More of them from this file, one a line or with a NUL byte after each; - is "
+                                       "standard input")
+                           ->type_name("LIST");
     verb.add_option("--pattern", options.patterns, "Files to take from directories (default: *.inp *.aip)")
         ->type_name("GLOB")
         ->expected(1)
         ->take_all();
+    verb.add_option("--exclude", options.excluded,
+                    "Files and folders to leave out of directories, by name or by path below the directory")
+        ->type_name("GLOB")
+        ->expected(1)
+        ->take_all();
+    verb.add_flag("--allow-empty", options.may_be_empty, "A directory or a list without a file is no error");
     verb.add_option("--stdin-filename", options.stdin_name, "What messages call standard input")->type_name("NAME");
+    verb.parse_complete_callback([files, list] {
+        if (files->empty() && list->empty()) {
+            throw CLI::RequiredError("FILE or --files-from");
+        }
+    });
 }
 
 void add_input_file(CLI::App& verb, std::string& path) {
@@ -257,6 +274,23 @@ void add_new(CLI::App& verb, Run& run) {
     verb.add_flag("--force", options->output.force, "Write also an input that is not valid");
 }
 
+// The help of a verb, or of the program, as these print it themselves.
+void add_help(CLI::App& verb, Run& run) {
+    const auto asked = std::make_shared<std::string>();
+    verb.add_option("VERB", *asked, "The verb (default: all of them, one line each)");
+    verb.callback([asked, &run] {
+        run = [name = *asked] {
+            std::vector<std::string> words = {"amesp-inp", name, "--help"};
+            std::erase(words, "");
+            std::vector<char*> arguments;
+            for (std::string& word : words) {
+                arguments.push_back(word.data());
+            }
+            return read_command_line(static_cast<int>(arguments.size()), arguments.data())();
+        };
+    });
+}
+
 struct Verb {
     std::string name;
     const char* description;
@@ -309,6 +343,10 @@ const std::array verbs = {
          "  amesp-inp new --geometry mol.xyz --charge 0 --multiplicity 1 --method 'b3lyp def2-svp' -o mol.inp\n"
          "  amesp-inp new --geometry mol.xyz --method 'hf sto-3g' --directive maxcore=2000 --entry scf.maxcyc=100",
          add_new},
+    Verb{"help", "Prints the help of a verb.",
+         "  amesp-inp help check\n"
+         "  amesp-inp help",
+         add_help},
 };
 
 void add(CLI::App& program, const Verb& verb, Run& run) {
@@ -351,6 +389,44 @@ public:
     }
 };
 
+std::string with_near_names(const std::string& message, const std::string& name,
+                            const std::vector<std::string>& known) {
+    const std::string near = near_names(name, known);
+    return near.empty() ? message : message + "; " + near;
+}
+
+bool is_mistyped_verb(std::string_view first_word) {
+    return !first_word.empty() && !first_word.starts_with('-') &&
+           std::none_of(verbs.begin(), verbs.end(), [&](const Verb& verb) { return verb.name == first_word; });
+}
+
+int end_without_a_verb(const std::string& first_word) {
+    std::vector<std::string> names;
+    for (const Verb& verb : verbs) {
+        names.push_back(verb.name);
+    }
+    complain_about_usage("", with_near_names("'" + first_word + "' is no verb", first_word, names));
+    return exit_trouble;
+}
+
+// What is wrong, and where an option was mistyped, which one may have been meant.
+std::string explanation_of(const CLI::App& verb, const CLI::ParseError& error) {
+    for (const std::string& word : verb.remaining()) {
+        if (!word.starts_with('-')) {
+            continue;
+        }
+        const std::string option = word.substr(0, word.find('='));
+        std::vector<std::string> known;
+        for (const CLI::Option* const one : verb.get_options()) {
+            for (const std::string& name : one->get_lnames()) {
+                known.push_back("--" + name);
+            }
+        }
+        return with_near_names("'" + option + "' is no option", option, known);
+    }
+    return error.what();
+}
+
 // Help and version go to standard output; a usage error names the verb that it was made with.
 int end_without_a_call(const CLI::App& program, const CLI::ParseError& error) {
     std::ostringstream out;
@@ -361,8 +437,17 @@ int end_without_a_call(const CLI::App& program, const CLI::ParseError& error) {
     }
     const std::vector<CLI::App*> called = program.get_subcommands();
     const std::string verb = called.empty() ? std::string() : called.front()->get_name();
-    complain_about_usage(verb, error.what());
+    complain_about_usage(verb, explanation_of(called.empty() ? program : *called.front(), error));
     return exit_trouble;
+}
+
+int run_and_name_the_verb(const Run& run, const std::string& verb) {
+    try {
+        return run();
+    } catch (const UsageError& error) {
+        complain_about_usage(verb, error.what());
+        return exit_trouble;
+    }
 }
 
 }  // namespace
@@ -373,14 +458,18 @@ std::function<int()> read_command_line(int argc, char** argv) {
     program.set_version_flag("-V,--version", "amesp-inp " AMESP_INP_VERSION);
     program.require_subcommand(1);
     Run run;
-    add_verbs(program, argc > 1 ? argv[1] : "", run);
+    const std::string first_word = argc > 1 ? argv[1] : "";
+    if (is_mistyped_verb(first_word)) {
+        return [first_word] { return end_without_a_verb(first_word); };
+    }
+    add_verbs(program, first_word, run);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         const int status = end_without_a_call(program, error);
         return [status] { return status; };
     }
-    return run;
+    return [run, verb = program.get_subcommands().front()->get_name()] { return run_and_name_the_verb(run, verb); };
 }
 
 }  // namespace amesp_inp

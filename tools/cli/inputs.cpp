@@ -17,16 +17,25 @@ namespace {
 
 namespace stdfs = std::filesystem;
 
-bool matches(const std::string& name, const std::vector<std::string>& patterns) {
-    return std::any_of(patterns.begin(), patterns.end(),
-                       [&](const std::string& pattern) { return ::fnmatch(pattern.c_str(), name.c_str(), 0) == 0; });
+bool matches(const std::string& text, const std::vector<std::string>& patterns) {
+    return std::any_of(patterns.begin(), patterns.end(), [&](const std::string& pattern) {
+        return ::fnmatch(pattern.c_str(), text.c_str(), FNM_CASEFOLD) == 0;
+    });
+}
+
+bool is_hidden(const std::string& name) {
+    return name.starts_with('.');
 }
 
 // Links to directories are not followed, so that a link to a parent is no trap. A directory that cannot be listed
 // stands for itself: reading it fails with the reason, and everything beside it is still found.
-void add_directory(const std::string& directory, const std::vector<std::string>& patterns, std::vector<Input>& inputs) {
+std::vector<std::string> files_below(const std::string& directory, const InputOptions& options) {
     std::vector<std::string> found;
     std::vector<std::string> pending = {directory};
+    const auto is_excluded = [&](const std::string& path, const std::string& name) {
+        const std::string below = path.substr(path.find_first_not_of('/', directory.size()));
+        return !options.excluded.empty() && (matches(name, options.excluded) || matches(below, options.excluded));
+    };
     while (!pending.empty()) {
         const std::string current = std::move(pending.back());
         pending.pop_back();
@@ -34,10 +43,17 @@ void add_directory(const std::string& directory, const std::vector<std::string>&
         stdfs::directory_iterator entry(current, trouble);
         for (; !trouble && entry != stdfs::directory_iterator(); entry.increment(trouble)) {
             std::error_code unknown;
-            if (entry->symlink_status(unknown).type() == stdfs::file_type::directory) {
-                pending.push_back(entry->path().string());
-            } else if (entry->is_regular_file(unknown) && matches(entry->path().filename().string(), patterns)) {
-                found.push_back(entry->path().string());
+            std::string path = entry->path().string();
+            const std::string name = entry->path().filename().string();
+            const bool is_directory = entry->symlink_status(unknown).type() == stdfs::file_type::directory;
+            const bool is_wanted = is_directory ? !is_hidden(name) : matches(name, options.patterns);
+            if (!is_wanted || is_excluded(path, name)) {
+                continue;
+            }
+            if (is_directory) {
+                pending.push_back(std::move(path));
+            } else if (entry->is_regular_file(unknown)) {
+                found.push_back(std::move(path));
             }
         }
         if (trouble) {
@@ -45,8 +61,44 @@ void add_directory(const std::string& directory, const std::vector<std::string>&
         }
     }
     std::sort(found.begin(), found.end());
-    for (std::string& path : found) {
+    return found;
+}
+
+void add_path(const std::string& path, const InputOptions& options, std::vector<Input>& inputs) {
+    std::error_code no_directory;
+    if (!stdfs::is_directory(path, no_directory)) {
         inputs.push_back({path, path});
+        return;
+    }
+    const std::vector<std::string> files = files_below(path, options);
+    if (files.empty() && !options.may_be_empty) {
+        std::string patterns;
+        for (const std::string& pattern : options.patterns) {
+            patterns += " " + pattern;
+        }
+        throw std::runtime_error("no file in '" + path + "' matches" + patterns + " (--allow-empty accepts that)");
+    }
+    for (const std::string& file : files) {
+        inputs.push_back({file, file});
+    }
+}
+
+// One path a line, or with a NUL byte after each, as `find -print0` writes them.
+void add_listed(const InputOptions& options, std::vector<Input>& inputs) {
+    const Input source{options.list_path, options.list_path == "-" ? "<stdin>" : options.list_path};
+    const std::string list = read_input(source);
+    const char separator = list.find('\0') == std::string::npos ? '\n' : '\0';
+    const std::size_t before = inputs.size();
+    for (std::size_t begin = 0; begin < list.size();) {
+        const std::size_t end = std::min(list.find(separator, begin), list.size());
+        const std::string path = list.substr(begin, end - begin);
+        if (!path.empty()) {
+            add_path(path == "-" ? "./-" : path, options, inputs);
+        }
+        begin = end + 1;
+    }
+    if (inputs.size() == before && !options.may_be_empty) {
+        throw std::runtime_error("'" + source.name + "' names no file (--allow-empty accepts that)");
     }
 }
 
@@ -88,14 +140,14 @@ std::string read_standard_input() {
 std::vector<Input> collect_inputs(const InputOptions& options) {
     std::vector<Input> inputs;
     for (const std::string& path : options.paths) {
-        std::error_code no_directory;
         if (path == "-") {
             inputs.push_back({path, options.stdin_name});
-        } else if (stdfs::is_directory(path, no_directory)) {
-            add_directory(path, options.patterns, inputs);
         } else {
-            inputs.push_back({path, path});
+            add_path(path, options, inputs);
         }
+    }
+    if (!options.list_path.empty()) {
+        add_listed(options, inputs);
     }
     remove_repeated(inputs);
     return inputs;

@@ -9,8 +9,11 @@ namespace amesp_inp {
 // What the command line says of them.
 struct InputOptions {
     std::vector<std::string> paths;  // "-" is standard input
+    std::string list_path;           // of a file that names more of them; "-" is standard input
     std::vector<std::string> patterns = {"*.inp", "*.aip"};
+    std::vector<std::string> excluded;  // patterns as well
     std::string stdin_name = "<stdin>";
+    bool may_be_empty = false;  // a directory without a file to work on
 };
 
 struct Input {
@@ -18,9 +21,10 @@ struct Input {
     std::string name;  // for messages
 };
 
-// The files to work on, in the order given; a directory stands for the files below it that match a pattern, in byte
-// order of their paths; a file that is named again is left out. A path that is no directory is taken as a file and may
-// turn out to be unreadable. Throws std::runtime_error when a directory cannot be walked.
+// The files to work on, in the order given, those of the list last; a file that is named again is left out. A directory
+// stands for the files below it that match a pattern and are not excluded, in byte order of their paths; hidden
+// folders below it are passed over. A path that is no directory is taken as a file and may turn out to be unreadable.
+// Throws std::runtime_error when the list cannot be read, and for a directory or a list without a file.
 std::vector<Input> collect_inputs(const InputOptions& options);
 
 // All bytes. Throws std::runtime_error, "cannot read 'NAME': REASON".

@@ -174,4 +174,13 @@ NameHints hints_for_entry(const InputSchema& schema, std::string_view section, s
     return hints;
 }
 
+std::string near_names(std::string_view name, const std::vector<std::string>& known) {
+    Nearest nearest(name);
+    for (const std::string& candidate : known) {
+        nearest.offer(candidate);
+    }
+    const NameHints hints = std::move(nearest).hints([](std::string_view found) { return std::string(found); });
+    return hints.helps.empty() ? std::string() : hints.helps.front();
+}
+
 }  // namespace amesp_inp

@@ -22,4 +22,7 @@ NameHints hints_for_section(const velk::input::amesp::InputSchema& schema, std::
 NameHints hints_for_entry(const velk::input::amesp::InputSchema& schema, std::string_view section,
                           std::string_view name);
 
+// "did you mean 'A' or 'B'?" for the nearest of `known`, or nothing when none is near.
+std::string near_names(std::string_view name, const std::vector<std::string>& known);
+
 }  // namespace amesp_inp

@@ -4,6 +4,7 @@
 #include <velk/input/amesp/parser.hpp>
 
 #include "edits.hpp"
+#include "usage_error.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -16,7 +17,7 @@ int run_set(const SetOptions& options) {
     const InputSchema schema = load_schema(options.schema);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
     if (inputs.size() > 1 && !options.output.path.empty()) {
-        throw std::runtime_error("-o takes one input file");
+        throw UsageError("-o takes one input file");
     }
     return for_each_input(inputs, [&](const Input& input) {
         const std::string text = read_input(input);

@@ -182,7 +182,8 @@ TEST(Fix, IsRefusedWhereNothingCanBeWritten) {
     const ProgramRun stdin_run = run_edit({"check", "--fix", "-"}, {.input = open_end});
     EXPECT_EQ(stdin_run.status, 2);
     EXPECT_EQ(stdin_run.out, "");
-    EXPECT_EQ(stdin_run.err, "amesp-inp: standard input cannot be fixed in place: add --diff\n");
+    EXPECT_EQ(stdin_run.err,
+              "amesp-inp check: standard input cannot be fixed in place: add --diff\nTry 'amesp-inp check --help'.\n");
     for (const std::vector<std::string>& wrong : {std::vector<std::string>{"--fix=some"},
                                                   {"--diff"},
                                                   {"--canonical"},
