@@ -24,9 +24,11 @@ from mutation.equivalents import ANY, read_equivalents
 from mutation.mutants import line_of, mutants_of
 from mutation.workshop import Library, Workshop, output, times_of
 
-LAYERS = ["core", "model", "schema", "validation", "parser", "editor", "overlay", "exchange"]  # each uses only those before it
+# Each uses only those before it.
+LAYERS = ["core", "codes", "model", "schema", "validation", "parser", "editor", "overlay", "exchange"]
 ROOMS = [*LAYERS, "oracle", "faults"]
 TESTED_ALONE = "include/velk/input/amesp/string_map.hpp"  # by the test that is named after it
+TEXTS = "src/codes/codes.cpp"  # a table of texts, of which docs/codes.md is made
 QUICK = 0.1  # seconds that a test of the first round may take
 SLOWEST = 3  # and that any test may take: growth is not what a changed operator is judged by
 LIST = "tests/mutation_equivalents.txt"
@@ -51,7 +53,7 @@ class Sources:
     def __init__(self, root):
         paths = output(["git", "ls-files", "src", "core", TESTED_ALONE], cwd=root).split()
         self.text = {path: open(os.path.join(root, path), encoding="utf-8").read()
-                     for path in paths if path.endswith((".cpp", ".hpp"))}
+                     for path in paths if path.endswith((".cpp", ".hpp")) and path != TEXTS}
         self.mutants = [mutant for path, text in self.text.items() for mutant in mutants_of(path, text)]
 
     def key(self, mutant, text):

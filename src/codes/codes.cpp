@@ -1,7 +1,6 @@
 // The one table of codes, in the order of their bytes.
 #include <velk/input/amesp/codes.hpp>
 
-#include <algorithm>
 #include <array>
 
 namespace velk::input::amesp {
@@ -155,13 +154,6 @@ constexpr auto table = std::to_array<CodeInfo>({
 
 std::span<const CodeInfo> all_codes() {
     return table;
-}
-
-const CodeInfo* find_code(std::string_view code) {
-    const auto* const found =
-        std::lower_bound(table.begin(), table.end(), code,
-                         [](const CodeInfo& info, std::string_view wanted) { return info.code < wanted; });
-    return found != table.end() && found->code == code ? found : nullptr;
 }
 
 }  // namespace velk::input::amesp
