@@ -2,31 +2,19 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <cstdint>
 #include <string>
 
 #include <velk/core/text_view.hpp>
 
-#include "model/exact_coordinate.hpp"
 #include "overlay/align.hpp"
+#include "overlay/atom_lines.hpp"
 #include "overlay/moved.hpp"
 #include "overlay/overlay.hpp"
 #include "overlay/partners.hpp"
 #include "overlay/words.hpp"
-#include "parser/line.hpp"
 
 namespace velk::input::amesp::overlay {
 namespace {
-
-using core::text::is_space;
-
-std::array<double, 3> coordinates(const AtomRecord& atom) {
-    return {atom.x, atom.y, atom.z};
-}
-
-bool same_bits(double a, double b) {
-    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
-}
 
 bool same_atom(const AtomRecord& a, const AtomRecord& b) {
     return a.symbol == b.symbol && same_bits(a.x, b.x) && same_bits(a.y, b.y) && same_bits(a.z, b.z);
@@ -40,36 +28,6 @@ std::string key_of(const AtomRecord& atom) {
         key.append(bytes.begin(), bytes.end());
     }
     return key + atom.symbol;
-}
-
-// Empty when no text is read as the value.
-std::string coordinate(double value) {
-    std::string text;
-    return append_exact_coordinate(text, value) ? text : std::string();
-}
-
-bool is_symbol(std::string_view symbol) {
-    return !symbol.empty() && std::none_of(symbol.begin(), symbol.end(), is_space) &&
-           classify(symbol) != LineKind::comment;
-}
-
-// The line with the words that differ replaced; empty when that cannot be written.
-std::string changed_line(std::string_view line, const AtomRecord& before, const AtomRecord& after) {
-    const std::vector<std::string_view> words = words_from(line, 0);
-    std::vector<std::string> wanted(words.begin(), words.end());
-    if (!is_symbol(after.symbol)) {
-        return {};
-    }
-    wanted[0] = after.symbol;
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        if (!same_bits(coordinates(before)[axis], coordinates(after)[axis])) {
-            wanted[axis + 1] = coordinate(coordinates(after)[axis]);
-            if (wanted[axis + 1].empty()) {
-                return {};
-            }
-        }
-    }
-    return with_words(line, words, wanted);
 }
 
 class Atoms {
@@ -134,18 +92,27 @@ private:
     }
 
     std::string_view indent() const {
+        constexpr std::string_view usual = "  ";
         if (before_.empty()) {
-            return "  ";
+            return usual;
         }
         const std::string_view line = old_line(neighbour_);
-        return line.substr(0, offset_in(line, core::text::trim_view(line)));
+        const std::size_t width = offset_in(line, core::text::trim_view(line));
+        return width > widest_layout ? usual : line.substr(0, width);
     }
 
     std::string_view old_line(std::size_t old) const { return overlay_.lines.raw(line_of(before_[old])); }
 
     // An atom that only stands elsewhere takes its line along.
-    std::string new_line(std::size_t i) const {
-        return sources_[i] == no_partner ? atom_line(after_[i], indent()) : std::string(old_line(sources_[i]));
+    std::string new_line(std::size_t i) {
+        return sources_[i] == no_partner ? atom_line(after_[i], indent(), style()) : std::string(old_line(sources_[i]));
+    }
+
+    const AtomStyle& style() {
+        if (!style_) {
+            style_ = atom_style(overlay_.lines, before_);
+        }
+        return *style_;
     }
 
     void add(std::size_t i) {
@@ -162,7 +129,7 @@ private:
             return;
         }
         const bool anew = sources_[i] != no_partner || taken_[old];
-        std::string line = anew ? new_line(i) : changed_line(old_line(old), before_[old], after_[i]);
+        std::string line = anew ? new_line(i) : changed_atom_line(old_line(old), before_[old], after_[i], style());
         if (line.empty()) {
             return cannot_write(after_[i]);
         }
@@ -176,28 +143,12 @@ private:
     std::vector<std::size_t> partners_;
     std::vector<std::size_t> sources_;  // for every new atom the old one whose line moves to it
     std::vector<bool> taken_;           // the old atoms whose lines move
+    std::optional<AtomStyle> style_;    // made when it is needed
     std::size_t slot_ = 0;
     std::size_t neighbour_ = 0;  // the old atom whose indentation a new one takes
 };
 
 }  // namespace
-
-std::string atom_line(const AtomRecord& atom, std::string_view indent) {
-    if (!is_symbol(atom.symbol)) {
-        return {};
-    }
-    std::string line(indent);
-    line += atom.symbol;
-    for (const double value : coordinates(atom)) {
-        const std::string text = coordinate(value);
-        if (text.empty()) {
-            return {};
-        }
-        line += ' ';
-        line += text;
-    }
-    return line;
-}
 
 void lay_atoms(Overlay& overlay, const SectionChange& change) {
     if (change.mode != SectionParseMode::cartesian_coordinates && !change.after.atoms.empty()) {

@@ -58,7 +58,7 @@ LineStyle style_of(const Overlay& overlay, const std::vector<Directive>& directi
         const std::size_t stop = value.empty() ? end : offset_in(line, value);
         lines.push_back({line.substr(0, begin), name, line.substr(end, stop - end), !value.empty()});
     }
-    return style_of(lines, {"% ", " ", 0, {}});
+    return style_of(std::move(lines), {"% ", " ", 0, {}});
 }
 
 std::size_t place_without_directives(const LineTable& lines) {

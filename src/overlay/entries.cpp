@@ -125,7 +125,7 @@ LineStyle style_of(const Overlay& overlay, const std::vector<SectionEntry>& entr
         const Parts parts = parts_of(overlay.lines.raw(line_of(entry)));
         lines.push_back({parts.indent, parts.key, parts.separator, !parts.value.empty()});
     }
-    return style_of(lines, usual_entry_style);
+    return style_of(std::move(lines), usual_entry_style);
 }
 
 // With that spelling of the key; empty when it does not read back as the entry.

@@ -98,7 +98,10 @@ LineStyle separator_style(const std::vector<NamedLine>& lines, const LineStyle& 
 
 }  // namespace
 
-LineStyle style_of(const std::vector<NamedLine>& lines, const LineStyle& otherwise) {
+LineStyle style_of(std::vector<NamedLine> lines, const LineStyle& otherwise) {
+    std::erase_if(lines, [](const NamedLine& line) {
+        return line.indent.size() + line.name.size() + line.separator.size() > widest_layout;
+    });
     if (lines.empty()) {
         return otherwise;
     }

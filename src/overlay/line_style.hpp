@@ -8,6 +8,9 @@
 
 namespace velk::input::amesp::overlay {
 
+// Lines that are laid out over more bytes than this are no model for others: each of them would be as long.
+inline constexpr std::size_t widest_layout = 256;
+
 // Views into one line, in their order.
 struct NamedLine {
     std::string_view indent;  // up to the name
@@ -29,7 +32,7 @@ struct LineStyle {
 // The separator is padded up to a column when that accounts for more of the lines than one separator repeated does, or
 // for as many: then it takes two lines, or a padding of two blanks. The column is that of the '=' or of the values,
 // else of the values after "=" alone.
-LineStyle style_of(const std::vector<NamedLine>& lines, const LineStyle& otherwise);
+LineStyle style_of(std::vector<NamedLine> lines, const LineStyle& otherwise);
 
 // A line of that style; without a value nothing follows the name. One that is too long for the column is followed by
 // one blank.

@@ -4,6 +4,7 @@
 
 #include <velk/core/text_view.hpp>
 
+#include "overlay/atom_lines.hpp"
 #include "overlay/overlay.hpp"
 #include "overlay/read_back.hpp"
 #include "overlay/words.hpp"
@@ -28,7 +29,7 @@ void add_atoms(Overlay& overlay, const Section& section, SectionParseMode mode, 
         return;
     }
     for (std::size_t i = 0; i < section.atoms.size(); ++i) {
-        std::string line = atom_line(section.atoms[i], body_indent);
+        std::string line = atom_line(section.atoms[i], body_indent, {});
         if (line.empty()) {
             overlay.problems.cannot_write(in_section("Atom " + std::to_string(i + 1), section),
                                           section.atoms[i].location);

@@ -51,9 +51,6 @@ std::string lay_header(Overlay& overlay, const SectionChange& change);
 void lay_entries(Overlay& overlay, const SectionChange& change);
 void lay_atoms(Overlay& overlay, const SectionChange& change);
 
-// The line of an atom with that indentation; empty when no line reads back as the atom.
-std::string atom_line(const AtomRecord& atom, std::string_view indent);
-
 // The line of an entry that the section did not have; empty when no line reads back as the entry.
 inline constexpr LineStyle usual_entry_style = {"  ", " ", 0, {}};
 std::string entry_line(const Overlay& overlay, std::string_view opening, const Section& section,

@@ -248,7 +248,7 @@ TEST(Geom, TakesAGeometryOutAndPutsOneIn) {
     write_file(dir / "b.xyz", "2\nx charge=-1 y\nH 0 0 0 extra\nH 0 0 7.4d-1\n\n");
     EXPECT_EQ(run({"geom", "-i", dir / "a.inp", "--from-xyz", dir / "b.xyz", "--multiplicity", "2"}).status, 0);
     EXPECT_THAT(read_file(dir / "a.inp"),
-                HasSubstr(">xyz -1 2\n  H 0.0000000000 0.0000000000 0.0000000000\n  H 0.0000000000 0.0000000000 "
+                HasSubstr(">xyz -1 2\n  H  0.0000000000 0.0000000000 0.0000000000\n  H  0.0000000000 0.0000000000 "
                           "0.7400000000\nend\n"));
     EXPECT_EQ(run({"geom", "-", "--to-xyz", "-"}, {.input = "! hf\n"}).status, 1);
     EXPECT_EQ(run({"geom", dir / "a.inp"}).status, 2);

@@ -133,6 +133,8 @@ TEST(EntryLines, AreIndentedAsMostOfTheirSection) {
     expect_styles({
         {"not as the last", "  a 1\n  bb 2\n\tc 3\n", "d", "  d x"},
         {"of equally many as the last", "  a 1\n b 2\n", "d", " d x"},
+        {"lines that are too wide do not count",
+         std::string(256, ' ') + "a 1\n b 1\n" + std::string(300, ' ') + "c 1\n", "d", " d x"},
         {"lines without a value count", "  a\n  bb\n c 1\n", "d", "  d x"},
     });
 }

@@ -42,21 +42,20 @@ TEST(Geometry, KeepsTheLinesOfAtomsThatDidNotChange) {
     expect_laid_over({
         {"all", water, set({o, h1, h2}), water},
         {"one coordinate", water, set({o, h1, atom("H", 0, -0.75, -0.4692)}),
-         top + o_line + h1_line + "\tH   0   -0.7500000000 -4.692d-1\n" + bottom},
+         top + o_line + h1_line + "\tH   0   -0.7500 -4.692d-1\n" + bottom},
         {"a symbol", water, set({o, atom("D", 0, 0.7572, -0.4692), h2}),
          top + o_line + "\tD   0    0.7572 -0.4692\n" + h2_line + bottom},
         {"one less", water, set({o, h2}), top + o_line + h2_line + bottom},
         {"one more", water, set({o, h1, atom("He", 1, 2, 3), h2}),
-         top + o_line + h1_line + "\tHe 1.0000000000 2.0000000000 3.0000000000\n" + h2_line + bottom},
+         top + o_line + h1_line + "\tHe  1    2.0000  3.0000\n" + h2_line + bottom},
         {"one more in front", water, set({atom("He", 1, 2, 3), o, h1, h2}),
-         top + "  He 1.0000000000 2.0000000000 3.0000000000\n" + o_line + h1_line + h2_line + bottom},
+         top + "  He 1    2.0000  3.0000\n" + o_line + h1_line + h2_line + bottom},
         {"the first at the end", water, set({h1, h2, o}),
          top + "\n" + h1_line + h2_line + "  O   0.0  0.0  0.1173   the apex\n" + bottom},
         {"the last in front", water, set({h2, o, h1}), top + h2_line + o_line + h1_line + bottom},
         {"two that change places", water, set({o, h2, h1}), top + o_line + h2_line + h1_line + bottom},
         {"another order, and one that is new", water, set({h2, atom("He", 1, 2, 3), o}),
-         top + "\n" + h2_line + "\tHe 1.0000000000 2.0000000000 3.0000000000\n" +
-             "  O   0.0  0.0  0.1173   the apex\n" + bottom},
+         top + "\n" + h2_line + "\tHe  1    2.0000  3.0000\n" + "  O   0.0  0.0  0.1173   the apex\n" + bottom},
         {"none left", water, set({}), top + "\n" + bottom},
     });
 }
@@ -106,6 +105,72 @@ TEST(Geometry, ChangesAtomsInTheirLinesBetweenThoseThatStay) {
     });
 }
 
+struct LayoutCase {
+    std::string name;
+    std::string lines;  // of the atoms H 0 0 0.5 and O 1 -2.25 0.25
+    std::size_t axis;   // of the second
+    double value;
+    std::string changed;  // the second line
+};
+
+TEST(Geometry, KeepsDecimalsAndColumnsOfACoordinateThatChanges) {
+    const std::vector<LayoutCase> cases = {
+        {"as wide", "H  0.00  0.00 0.50\nO  1.00 -2.25 0.25\n", 1, -1.5, "O  1.00 -1.50 0.25\n"},
+        {"shorter, the blank before it grows", "H  0.00  0.00 0.50\nO  1.00 -2.25 0.25\n", 1, 1.5,
+         "O  1.00  1.50 0.25\n"},
+        {"longer, the blanks before it give way", "H  0.00  0.00 0.50\nO  1.00 -2.25 0.25\n", 0, -1.5,
+         "O -1.50 -2.25 0.25\n"},
+        {"longer than there is room", "H  0.00  0.00 0.50\nO  1.00 -2.25 0.25\n", 1, -12.5, "O  1.00 -12.50 0.25\n"},
+        {"longer, what follows has room", "H  0.00  0.00    0.50\nO  1.00 -2.25    0.25  x\n", 1, -12.5,
+         "O  1.00 -12.50   0.25  x\n"},
+        {"longer than its column is far from the start", "H 0.0 0 0.5\nO 1.0 -2.25 0.25\n", 0, 123456.0,
+         "O 123456.0 -2.25 0.25\n"},
+        {"more decimals than it had, words after it keep their column",
+         "H 0.0  0.0   0.5\nO 1.0 -2.25  0.25          x y \n", 2, 0.125, "O 1.0 -2.25  0.1250000000  x y \n"},
+        {"words after one blank have no column", "H 0.00  0.00 0.50\nO 1.00 -2.25 0.250 x\n", 2, 1000.5,
+         "O 1.00 -2.25 1000.500 x\n"},
+        {"left in their column", "H 0.0      0.0   0.5\nO 1.0      -2.25 0.25\n", 1, 1.5, "O 1.0      1.50  0.25\n"},
+        {"at the right in their column", "H 0.0   0.0 0.5\nO 1.0 -2.25 0.25\n", 1, 1.5, "O 1.0  1.50 0.25\n"},
+        {"not in a column", "H 0.0 0.00 0.5\nO 1.0    -2.25 0.25\n", 1, 1.5, "O 1.0    1.50 0.25\n"},
+        {"after a tab", "H\t0.00\t 0.00\t0.50\nO\t1.00\t-2.25\t0.25\n", 1, 1.5, "O\t1.00\t1.50\t0.25\n"},
+        {"decimals of the axis with most where its own are too few", "H 0 0 0.50\nO 1 -2.25 0.25\n", 0, 1.25,
+         "O 1.25 -2.25 0.25\n"},
+        {"decimals of the axis with most after an exponent", "H 0 0 0.50\nO 1 -2.25 2.5d-1\n", 2, 0.75,
+         "O 1 -2.25 0.75\n"},
+        {"as many as it takes", "H 0 0 0.50\nO 1 -2.25 0.25\n", 2, 1.0 / 3.0, "O 1 -2.25 0.3333333333333333\n"},
+    };
+    for (const LayoutCase& c : cases) {
+        std::vector<AtomRecord> atoms{atom("H", 0, 0, 0.5), atom("O", 1, -2.25, 0.25)};
+        (c.axis == 0 ? atoms[1].x : c.axis == 1 ? atoms[1].y : atoms[1].z) = c.value;
+        const std::string first = c.lines.substr(0, c.lines.find('\n') + 1);
+        expect_laid_over({{c.name, xyz(c.lines), set(atoms), xyz(first + c.changed)}});
+    }
+}
+
+TEST(Geometry, LaysANewAtomOutAsTheOthers) {
+    const auto added = [](const std::string& name, const std::string& lines, std::vector<AtomRecord> atoms,
+                          const std::string& line) {
+        atoms.push_back(atom("He", -1, 2.5, 12));
+        expect_laid_over({{name, xyz(lines), set(atoms), xyz(lines + line)}});
+    };
+    const std::vector<AtomRecord> two{atom("H", 0, 0, 0.5), atom("O", 1, -2.25, 0.25)};
+    added("points in columns", " H    0.00    0.00    0.50\n O    1.00   -2.25    0.25\n", two,
+          " He  -1.00    2.50   12.00\n");
+    added("numbers in columns at the right", "H   0.00   0.0   0.50\nO   1.00 -2.25   0.25\n", two,
+          "He -1.00  2.50  12.00\n");
+    added("numbers in columns at the left", "H 0.00  0.0   0.50\nO 1.00  -2.25 0.25\n", two, "He -1.00 2.50 12.00\n");
+    added("no columns", "H 0.0 0.0 0.5\nO  1.00    -2.25   0.25\n", two, "He -1.00 2.50 12.00\n");
+    added("exponents alone", "H 0d0 0d0 5d-1\nO 1d0 -2.25d0 2.5d-1\n", two,
+          "He -1.0000000000 2.5000000000 12.0000000000\n");
+    added("exponents do not count", "H 0.000 0d0 5d-1\nO 1.000 -2.25d0 2.5d-1\n", two, "He -1.000 2.500 12.000\n");
+    const std::string digits(21, '0');
+    added("nor do more decimals than a number has", "H 0.0 0." + digits + " 0.5\nO 1.0 -2.25 0.25\n", two,
+          "He -1.0 2.50 12.00\n");
+    const std::string wide(260, ' ');
+    added("lines that are too wide do not count", wide + "H    0.000    0.000    0.500\n" + wide + "O 1 -2.25 0.25\n",
+          two, "  He -1.0000000000 2.5000000000 12.0000000000\n");
+}
+
 TEST(Geometry, LeavesEveryLineToItsAtomAmongEqualOnes) {
     const std::string one = "  H 1 0 0  one\n";
     const std::string two = "  H 1 0 0  two\n";
@@ -117,8 +182,7 @@ TEST(Geometry, LeavesEveryLineToItsAtomAmongEqualOnes) {
     expect_laid_over({
         {"the first stays", xyz(one + two + o), set({h_atom, o_atom, h_atom}), xyz(one + o + two)},
         {"both move", xyz(one + two + o + n), set({o_atom, n_atom, h_atom, h_atom}), xyz(o + n + one + two)},
-        {"another becomes equal to one that stays", xyz(o + n), set({o_atom, o_atom}),
-         xyz(o + "  O 5.0000000000 0 0  base\n")},
+        {"another becomes equal to one that stays", xyz(o + n), set({o_atom, o_atom}), xyz(o + "  O 5 0 0  base\n")},
     });
 }
 
@@ -155,7 +219,7 @@ TEST(Geometry, WritesCoordinatesThatReadBackAsTheSameNumber) {
     const double tiny = 1e-11;
     const double third = 1.0 / 3.0;
     const auto result = laid_over(">xyz 0 1\nH 0 0 0\nend\n", set({atom("H", tiny, third, -0.0)}));
-    EXPECT_EQ(result.text, ">xyz 0 1\nH 1e-11 0.3333333333333333 -0.0000000000\nend\n");
+    EXPECT_EQ(result.text, ">xyz 0 1\nH 1e-11 0.3333333333333333 -0\nend\n");
     const auto data = input::amesp::AIPParser::parse_string(result.text, overlay_schema(), {true, false}).data;
     EXPECT_EQ(data.sections[0].atoms[0].x, tiny);
     EXPECT_EQ(data.sections[0].atoms[0].y, third);
@@ -166,7 +230,7 @@ TEST(Geometry, WritesAnAtomAnewInThePlaceOfOneThatTakesItsLineAlong) {
     expect_laid_over({
         {"", ">xyz 0 1\n  P 1 0 0  the p\n  S 2 0 0\n  T 3 0 0\n  B 4 0 0  the b\nend\n",
          set({atom("X", 9, 0, 0), atom("S", 2, 0, 0), atom("T", 3, 0, 0), atom("P", 1, 0, 0)}),
-         ">xyz 0 1\n  X 9.0000000000 0.0000000000 0.0000000000\n  S 2 0 0\n  T 3 0 0\n  P 1 0 0  the p\nend\n"},
+         ">xyz 0 1\n  X 9 0 0\n  S 2 0 0\n  T 3 0 0\n  P 1 0 0  the p\nend\n"},
     });
 }
 
