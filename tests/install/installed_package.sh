@@ -51,5 +51,9 @@ if [ -x "$prefix/bin/amesp-inp" ]; then
   for place in 'no schema found' 'VELK_AMESP_INP_SCHEMA_YAML (not set)' "$HOME/.local/share" "$work/none"; do
     grep -qF "$place" "$work/stderr" || fail "the message does not name: $place"
   done
+  [ "$(wc -l <"$work/stderr")" -eq 6 ] || fail "not one place a line"
+  VELK_AMESP_INP_SCHEMA_YAML=$'a\n\e[31mb' "$prefix/bin/amesp-inp" check x 2>"$work/stderr" || true
+  grep -qF "'a??[31mb'" "$work/stderr" || fail "a variable acts on the terminal"
+  [ "$(wc -l <"$work/stderr")" -eq 6 ] || fail "a variable makes a line of its own"
 fi
 echo "installed package: ok"

@@ -162,8 +162,12 @@ void print_report(const FileReport& report, const FileCheck& check, bool is_firs
     if (check.diff) {
         std::fwrite(report.findings.data(), 1, report.findings.size(), stderr);
     } else if (!report.findings.empty()) {
-        print(check.json ? (is_first ? "\n" : ",\n") : "");
-        print(report.findings);
+        if (check.json) {
+            print(is_first ? "\n" : ",\n");
+            print(report.findings);
+        } else {
+            print_styled(report.findings);
+        }
     }
 }
 

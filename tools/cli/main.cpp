@@ -10,6 +10,8 @@ int main(int argc, char** argv) {
     int status = exit_trouble;
     try {
         status = read_command_line(argc, argv)();
+    } catch (const ErrorInLines& error) {
+        complain_in_lines(error.what());
     } catch (const std::exception& error) {
         complain(error.what());
     }

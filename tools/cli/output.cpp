@@ -1,12 +1,74 @@
 // Writing to the program's streams.
 #include "output.hpp"
 
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdio>
 #include <iostream>
 
 namespace amesp_inp {
+namespace {
 
-void print(std::string_view text) {
+// Gathers pieces, so that a line goes out in one piece, without memory that there may be none of.
+class ErrorText {
+public:
+    ErrorText() = default;
+    ErrorText(const ErrorText&) = delete;
+    ErrorText& operator=(const ErrorText&) = delete;
+    ~ErrorText() { flush(); }
+
+    void add_printable(std::string_view text, Layout layout) {
+        while (!text.empty()) {
+            add(take_printable(text, layout));
+        }
+    }
+
+    void add(std::string_view piece) {
+        while (!piece.empty()) {
+            const std::size_t count = std::min(piece.size(), buffer_.size() - size_);
+            std::copy_n(piece.begin(), count, buffer_.begin() + static_cast<std::ptrdiff_t>(size_));
+            size_ += count;
+            piece.remove_prefix(count);
+            if (size_ == buffer_.size()) {
+                flush();
+            }
+        }
+    }
+
+private:
+    void flush() {
+        std::fwrite(buffer_.data(), 1, size_, stderr);
+        size_ = 0;
+    }
+
+    std::array<char, 1024> buffer_;
+    std::size_t size_ = 0;
+};
+
+void complain(std::string_view message, Layout layout) {
+    ErrorText text;
+    text.add("amesp-inp: ");
+    text.add_printable(message, layout);
+    text.add("\n");
+}
+
+}  // namespace
+
+void print(std::string_view text, Layout layout) {
+    static const bool to_terminal = ::isatty(STDOUT_FILENO) == 1;
+    if (!to_terminal) {
+        print_styled(text);
+        return;
+    }
+    while (!text.empty()) {
+        print_styled(take_printable(text, layout));
+    }
+}
+
+void print_styled(std::string_view text) {
     std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
@@ -15,41 +77,27 @@ bool flush_output() {
     return std::cout.good();
 }
 
-namespace {
-
-void print_message(std::string line, std::string_view message) {
-    for (std::size_t feed = message.find('\n'); feed != std::string_view::npos; feed = message.find('\n')) {
-        append_printable(line, message.substr(0, feed));  // a message may have several lines
-        line += '\n';
-        message.remove_prefix(feed + 1);
-    }
-    append_printable(line, message);
-    line += '\n';
-    std::fputs(line.c_str(), stderr);
-}
-
-}  // namespace
-
 void complain(std::string_view message) {
-    print_message("amesp-inp: ", message);
+    complain(message, Layout::none);
 }
 
-void complain_about_usage(const std::string& verb, const std::string& message) {
-    const std::string program = verb.empty() ? "amesp-inp" : "amesp-inp " + verb;
-    print_message(program + ": ", message + "\nTry '" + program + " --help'.");
+void complain_in_lines(std::string_view message) {
+    complain(message, Layout::lines);
 }
 
-void append_printable(std::string& out, std::string_view text) {
-    const auto is_control = [](char c) { return (c >= '\0' && c < ' ' && c != '\t') || c == '\x7F'; };
-    // A lead byte and one that would be a control byte but for its eighth bit.
-    const auto is_wide_control = [](std::string_view two) {
-        return two.size() == 2 && two[0] == '\xC2' && (static_cast<unsigned char>(two[1]) & 0xE0U) == 0x80U;
+void complain_about_usage(std::string_view verb, std::string_view message) {
+    ErrorText text;
+    const auto add_program = [&] {
+        text.add("amesp-inp");
+        text.add(verb.empty() ? "" : " ");
+        text.add(verb);
     };
-    while (!text.empty()) {
-        const bool is_wide = is_wide_control(text.substr(0, 2));
-        out += is_wide || is_control(text.front()) ? '?' : text.front();
-        text.remove_prefix(is_wide ? 2 : 1);
-    }
+    add_program();
+    text.add(": ");
+    text.add_printable(message, Layout::none);
+    text.add("\nTry '");
+    add_program();
+    text.add(" --help'.\n");
 }
 
 }  // namespace amesp_inp

@@ -1,24 +1,35 @@
 // The program's two streams: results on standard output, everything else on standard error.
 #pragma once
 
-#include <string>
+#include <stdexcept>
 #include <string_view>
+
+#include "printable.hpp"
 
 namespace amesp_inp {
 
-// Bytes to standard output, as they are.
-void print(std::string_view text);
+// Bytes to standard output, as they are; to a terminal only what it shows.
+void print(std::string_view text, Layout layout = Layout::lines);
+
+// As they are also to a terminal: a text of this program, in colours perhaps, whose foreign parts are printable.
+void print_styled(std::string_view text);
 
 // False when anything printed so far could not be written.
 bool flush_output();
 
-// One line on standard error: "amesp-inp: MESSAGE".
+// One line on standard error: "amesp-inp: MESSAGE". Its line feeds, which come from names and files, are not printed.
 void complain(std::string_view message);
 
-// The same for a mistake on the command line, with the verb that it was made with (empty: none) and where its help is.
-void complain_about_usage(const std::string& verb, const std::string& message);
+// The same for a message of several lines.
+void complain_in_lines(std::string_view message);
 
-// `text` without what a terminal would act on: control characters, those of UTF-8 included, become '?', a tab stays.
-void append_printable(std::string& out, std::string_view text);
+// The same for a mistake on the command line, with the verb that it was made with (empty: none) and where its help is.
+void complain_about_usage(std::string_view verb, std::string_view message);
+
+// An error to complain of in lines: no line feed of its message comes from a name or a file.
+class ErrorInLines : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
 
 }  // namespace amesp_inp

@@ -1,10 +1,10 @@
 // Finding the schema, or saying where it was looked for.
 #include "schema_source.hpp"
 
-#include <stdexcept>
 #include <velk/core/resource.hpp>
 
 #include "output.hpp"
+#include "printable.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -13,15 +13,21 @@ using velk::core::resource::getenv_string;
 
 constexpr const char* schema_variable = "VELK_AMESP_INP_SCHEMA_YAML";
 
+std::string variable_value(const char* name) {
+    std::string value;
+    append_printable(value, getenv_string(name));
+    return value;
+}
+
 std::string places_searched() {
-    const std::string variable = getenv_string(schema_variable);
-    const std::string data_home = getenv_string("XDG_DATA_HOME");
-    const std::string data_dirs = getenv_string("XDG_DATA_DIRS");
+    const std::string variable = variable_value(schema_variable);
+    const std::string data_home = variable_value("XDG_DATA_HOME");
+    const std::string data_dirs = variable_value("XDG_DATA_DIRS");
     std::string text = "no schema found; looked for\n";
     text += "  the file named by VELK_AMESP_INP_SCHEMA_YAML (";
     text += variable.empty() ? "not set" : "'" + variable + "' is no regular file";
     text += ")\n  velk/schemas/input/amesp.yaml in ";
-    text += data_home.empty() ? getenv_string("HOME") + "/.local/share" : data_home;
+    text += data_home.empty() ? variable_value("HOME") + "/.local/share" : data_home;
     text += "\n  share/velk/schemas/input/amesp.yaml of the installation\n  velk/schemas/input/amesp.yaml in ";
     text += data_dirs.empty() ? "/usr/local/share:/usr/share" : data_dirs;
     text += "\nname one with --schema FILE";
@@ -44,7 +50,7 @@ std::string find_schema(const SchemaOptions& options) {
     if (path.empty()) {
         path = velk::input::amesp::resolve_schema_path("");
         if (path.empty()) {
-            throw std::runtime_error(places_searched());
+            throw ErrorInLines(places_searched());
         }
         warn_of_other_than_named(path);
     }

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "output.hpp"
+#include "printable.hpp"
 #include "source_lines.hpp"
 
 namespace amesp_inp {
@@ -29,6 +29,23 @@ constexpr Style color_style{"\033[1m", "\033[1;31m", "\033[1;35m", "\033[1;36m",
 // Whether a byte begins a character: in UTF-8 the other bytes of one take no room of their own.
 bool is_shown(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+}
+
+// `at`, or the byte before it where the character begins that it is in.
+std::size_t character_start(std::string_view line, std::size_t at) {
+    constexpr std::size_t longest_character = 4;
+    for (std::size_t start = at; start < line.size() && at - start < longest_character; --start) {
+        if (is_shown(line[start])) {
+            return start;
+        }
+    }
+    return at;
+}
+
+std::string printable(std::string_view text) {
+    std::string result;
+    append_printable(result, text, Layout::tabs);
+    return result;
 }
 
 class Report {
@@ -85,21 +102,22 @@ private:
         }
         const std::size_t column = std::min<std::size_t>(location.column - 1, line.size());
         const bool whole = line.size() <= longest_excerpt;
-        const std::size_t begin = whole || column < context_before ? 0 : column - context_before;
-        const std::string_view shown = line.substr(begin, whole ? line.size() : longest_excerpt);
+        const std::size_t begin = whole || column < context_before ? 0 : character_start(line, column - context_before);
+        const std::size_t end = whole ? line.size() : character_start(line, begin + longest_excerpt);
+        const std::string_view shown = line.substr(begin, end - begin);
         const char* const before = begin == 0 ? "" : "...";
         const std::string number = std::to_string(location.line);
         add_margin(number);
         out_ += before;
-        append_printable(out_, shown);
+        out_ += printable(shown);
         out_ += begin + shown.size() < line.size() ? "...\n" : "\n";
 
         add_margin(std::string(number.size(), ' '));
         out_.append(begin == 0 ? 0 : 3, ' ');
-        for (const char c : shown.substr(0, column - begin)) {
+        for (const char c : printable(shown.substr(0, column - begin))) {
             out_.append(is_shown(c) ? 1 : 0, c == '\t' ? '\t' : ' ');
         }
-        const std::string_view marked = shown.substr(std::min(shown.size(), column - begin), location.length);
+        const std::string marked = printable(shown.substr(std::min(shown.size(), column - begin), location.length));
         const auto length = static_cast<std::size_t>(std::count_if(marked.begin(), marked.end(), is_shown));
         out_ += style_.marker;
         out_ += '^';

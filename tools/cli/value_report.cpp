@@ -3,6 +3,7 @@
 
 #include "json_writer.hpp"
 #include "output.hpp"
+#include "printable.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -95,15 +96,21 @@ private:
 // RFC 4180.
 class CsvReport : public ValueReport {
 public:
-    CsvReport() { print("file,key,value\r\n"); }
+    CsvReport() { add_line("file,key,value"); }
 
     void add(const std::string& file, const std::string& key, const std::optional<KeyValue>& value) override {
         for (const std::string& line : value ? lines_of(*value) : std::vector<std::string>()) {
-            print(field(file) + "," + field(key) + "," + field(line) + "\r\n");
+            add_line(field(file) + "," + field(key) + "," + field(line));
         }
     }
 
 private:
+    // Of a line on a terminal, only its end is a line feed.
+    static void add_line(const std::string& line) {
+        print(line, Layout::tabs);
+        print_styled("\r\n");
+    }
+
     static std::string field(const std::string& text) {
         if (text.find_first_of("\",\r\n") == std::string::npos) {
             return text;
