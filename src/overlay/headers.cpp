@@ -13,13 +13,19 @@ namespace {
 
 using Words = std::vector<std::string>;
 
+// A word that reads as the number stays: "+1".
+void put_number(std::string& word, std::int32_t number) {
+    if (read_int32(word) != number) {
+        word.clear();
+        append_integer(word, number);
+    }
+}
+
 // Charge and multiplicity speak for the first two arguments, as in rendering.
 Words with_numbers(const Section& section, Words arguments) {
     arguments.resize(std::max<std::size_t>(arguments.size(), 2));
-    arguments[0].clear();
-    append_integer(arguments[0], *section.charge);
-    arguments[1].clear();
-    append_integer(arguments[1], *section.multiplicity);
+    put_number(arguments[0], *section.charge);
+    put_number(arguments[1], *section.multiplicity);
     return arguments;
 }
 

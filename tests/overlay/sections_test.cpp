@@ -58,6 +58,10 @@ TEST(SectionHeader, ChangesInTheWordsThatDiffer) {
          ">XYZ  1 2\nO 0 0 0\nend\n"},
         {"charge", ">XYZ  0   1 x\nO 0 0 0\nend\n",
          [](AIPEditor& editor) { editor.upsert_section("xyz", {}).charge = -1; }, ">XYZ  -1   1 x\nO 0 0 0\nend\n"},
+        {"charge beside a multiplicity with a sign", ">XYZ +0 +1 x\nend\n",
+         [](AIPEditor& editor) { editor.upsert_section("xyz", {}).charge = -1; }, ">XYZ -1 +1 x\nend\n"},
+        {"multiplicity beside a charge with a sign", ">XYZ +0 +1 x\nend\n",
+         [](AIPEditor& editor) { editor.upsert_section("xyz", {}).multiplicity = 3; }, ">XYZ +0 3 x\nend\n"},
     });
 }
 

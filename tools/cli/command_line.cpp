@@ -87,8 +87,8 @@ void add_other_outputs(CLI::App& verb, EditOutput& output) {
 
 void add_charge_options(CLI::App& verb, std::optional<std::int32_t>& charge,
                         std::optional<std::int32_t>& multiplicity) {
-    verb.add_option("--charge", charge, "Charge of the new geometry")->type_name("Q");
-    verb.add_option("--multiplicity", multiplicity, "Spin multiplicity of the new geometry")->type_name("M");
+    verb.add_option("--charge", charge, "Charge of the geometry")->type_name("Q");
+    verb.add_option("--multiplicity", multiplicity, "Spin multiplicity of the geometry")->type_name("M");
 }
 
 void charge_options_need(CLI::App& verb, const char* option) {
@@ -235,7 +235,6 @@ void add_set(CLI::App& verb, Run& run) {
                EditKind::remove_token, EditKind::set_entry, EditKind::unset_entry, EditKind::remove_section,
                EditKind::set_geometry},
               run_set);
-    charge_options_need(verb, "--geometry");
     add_edit_options(verb, options->output);
     add_canonical_option(verb, options->output.canonical);
     add_other_outputs(verb, options->output);
@@ -332,6 +331,7 @@ const std::array verbs = {
          "  amesp-inp set water.inp --directive maxcore=4000       prints the changed text\n"
          "  amesp-inp set -i jobs/ --entry scf.maxcyc=200          rewrites many files\n"
          "  amesp-inp set water.inp --method 'b3lyp def2-tzvp' -o tz.inp\n"
+         "  amesp-inp set -i water.inp --charge -1 --multiplicity 2\n"
          "  amesp-inp set water.inp --geometry mol.xyz --charge 0 --multiplicity 1 --dry-run",
          add_set},
     Verb{"geom", "Takes the geometry out of an input file, or puts one in.",

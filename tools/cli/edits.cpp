@@ -7,10 +7,14 @@
 #include <stdexcept>
 #include <velk/core/fs.hpp>
 #include <velk/core/text.hpp>
+#include <velk/core/text_view.hpp>
 #include <velk/input/amesp/codes.hpp>
 #include <velk/input/amesp/parser.hpp>
 
 #include "findings.hpp"
+#include "geometry_header.hpp"
+#include "key_values.hpp"
+#include "numbers.hpp"
 #include "rendering_changes.hpp"
 
 namespace amesp_inp {
@@ -30,48 +34,107 @@ constexpr std::array edit_names = {
     EditName{EditKind::set_geometry, "--geometry", "MOL.xyz", "Replace the geometry by that of an XYZ file"},
 };
 
-// The argument before and after its first `separator`; both must not be empty unless `may_end` is set.
-std::pair<std::string, std::string> split(EditKind kind, const std::string& argument, char separator, bool may_end) {
-    const std::size_t place = argument.find(separator);
-    if (place == std::string::npos || place == 0 || (!may_end && place + 1 == argument.size())) {
-        throw std::runtime_error(std::string(name_of(kind).option) + " expects " + name_of(kind).argument + ", got '" +
-                                 argument + "'");
+// KEY=VALUE; the value may be empty.
+struct Assignment {
+    Key key;
+    std::string value;
+};
+
+Key key_of(const Edit& edit, KeyKind kind, std::string_view text, const InputSchema& schema) {
+    return read_key(name_of(edit.kind).option, kind, text, schema);
+}
+
+Assignment assignment_of(const Edit& edit, KeyKind kind, const InputSchema& schema) {
+    const EditName& name = name_of(edit.kind);
+    const std::size_t equals = edit.argument.find('=');
+    if (equals == std::string::npos) {
+        throw std::runtime_error(std::string(name.option) + " expects " + name.argument + ", got '" + edit.argument +
+                                 "'");
     }
-    return {argument.substr(0, place), argument.substr(place + 1)};
+    return {key_of(edit, kind, std::string_view(edit.argument).substr(0, equals), schema),
+            edit.argument.substr(equals + 1)};
+}
+
+void set_entry(AIPEditor& editor, const Edit& edit) {
+    const auto [key, value] = assignment_of(edit, KeyKind::entry, editor.schema());
+    if (key.kind == KeyKind::entry) {
+        return editor.set_section_entry(key.name, key.entry, value);
+    }
+    const bool is_number = key.kind == KeyKind::charge || key.kind == KeyKind::multiplicity;
+    if (!is_number || editor.schema().canonical_section(key.name) != "xyz") {
+        throw std::runtime_error("--entry cannot set '" + edit.argument + "'");
+    }
+    const auto number = read_number<std::int32_t>(velk::core::text::trim_view(value));
+    if (!number) {
+        throw std::runtime_error("--entry expects an integer after '=', got '" + edit.argument + "'");
+    }
+    key.kind == KeyKind::charge ? set_header(editor, number, {}) : set_header(editor, {}, number);
+}
+
+void unset_entry(AIPEditor& editor, const Edit& edit) {
+    const Key key = key_of(edit, KeyKind::entry, edit.argument, editor.schema());
+    if (key.kind != KeyKind::entry) {
+        throw std::runtime_error("--unset-entry cannot remove '" + edit.argument + "'");
+    }
+    editor.remove_section_entry(key.name, key.entry);
+}
+
+void add_token(AIPEditor& editor, const Edit& edit) {
+    const Key key = key_of(edit, KeyKind::token, edit.argument, editor.schema());
+    if (key.kind == KeyKind::token_category) {
+        throw std::runtime_error("--add-token expects a token, but '" + edit.argument + "' is a category of tokens");
+    }
+    editor.add_method_token(key.name);
+}
+
+void remove_token(AIPEditor& editor, const Edit& edit) {
+    const Key key = key_of(edit, KeyKind::token, edit.argument, editor.schema());
+    if (key.kind == KeyKind::token) {
+        editor.remove_method_token(key.name);
+        return;
+    }
+    std::set<std::string> of_category;
+    for (const MethodToken& token : editor.data().method_tokens) {
+        if (is_of_category(token, key.name)) {
+            of_category.insert(token.canonical);
+        }
+    }
+    for (const std::string& token : of_category) {
+        editor.remove_method_token(token);
+    }
+}
+
+// A mark before the tokens says nothing new.
+void set_method(AIPEditor& editor, std::string_view tokens) {
+    tokens = velk::core::text::trim_view(tokens);
+    tokens.remove_prefix(tokens.starts_with('!') ? 1 : 0);
+    editor.set_method_tokens(velk::core::text::split_whitespace(tokens));
 }
 
 void apply(AIPEditor& editor, const Edit& edit, const Edits& edits) {
-    const auto& [kind, argument] = edit;
-    switch (kind) {
+    switch (edit.kind) {
         case EditKind::set_directive: {
-            const auto [name, value] = split(kind, argument, '=', true);
-            return editor.set_directive(name, value);
+            const auto [key, value] = assignment_of(edit, KeyKind::directive, editor.schema());
+            return editor.set_directive(key.name, value);
         }
         case EditKind::unset_directive:
-            editor.remove_directive(argument);
+            editor.remove_directive(key_of(edit, KeyKind::directive, edit.argument, editor.schema()).name);
             return;
         case EditKind::set_method:
-            return editor.set_method_tokens(velk::core::text::split_whitespace(argument));
+            return set_method(editor, edit.argument);
         case EditKind::add_token:
-            return editor.add_method_token(argument);
+            return add_token(editor, edit);
         case EditKind::remove_token:
-            editor.remove_method_token(argument);
-            return;
-        case EditKind::set_entry: {
-            const auto [section, rest] = split(kind, argument, '.', false);
-            const auto [key, value] = split(kind, rest, '=', true);
-            return editor.set_section_entry(section, key, value);
-        }
-        case EditKind::unset_entry: {
-            const auto [section, key] = split(kind, argument, '.', false);
-            editor.remove_section_entry(section, key);
-            return;
-        }
+            return remove_token(editor, edit);
+        case EditKind::set_entry:
+            return set_entry(editor, edit);
+        case EditKind::unset_entry:
+            return unset_entry(editor, edit);
         case EditKind::remove_section:
-            editor.remove_section(argument);
+            editor.remove_section(key_of(edit, KeyKind::section, edit.argument, editor.schema()).name);
             return;
         case EditKind::set_geometry:
-            return set_geometry(editor, argument, edits.charge, edits.multiplicity);
+            return set_geometry(editor, edit.argument, edits.charge, edits.multiplicity);
     }
 }
 
@@ -84,6 +147,11 @@ const EditName& name_of(EditKind kind) {
 void apply(AIPEditor& editor, const Edits& edits) {
     for (const Edit& edit : edits.in_order) {
         apply(editor, edit, edits);
+    }
+    const bool has_new_geometry = std::any_of(edits.in_order.begin(), edits.in_order.end(),
+                                              [](const Edit& edit) { return edit.kind == EditKind::set_geometry; });
+    if (!has_new_geometry && (edits.charge || edits.multiplicity)) {
+        set_header(editor, edits.charge, edits.multiplicity);
     }
 }
 
@@ -126,21 +194,20 @@ std::vector<Finding> not_written(const OverlayResult& result) {
     return findings;
 }
 
-// The text before is looked at only when the text after has errors at all.
-std::vector<Finding> new_errors(const std::string& before, const std::string& after, const InputSchema& schema) {
-    std::vector<Finding> errors = find_all(after, schema);
-    std::erase_if(errors, [](const Finding& finding) { return finding.severity != IssueSeverity::Error; });
-    if (errors.empty()) {
-        return errors;
+// The text before is looked at only when there is something to say of the text after.
+std::vector<Finding> new_findings(const std::string& before, const std::string& after, const InputSchema& schema) {
+    std::vector<Finding> findings = find_all(after, schema);
+    if (findings.empty()) {
+        return findings;
     }
     std::multiset<std::string> known;
     for (const Finding& finding : find_all(before, schema)) {
         known.insert(finding.code + finding.message);
     }
-    std::erase_if(errors, [&](const Finding& finding) {
+    std::erase_if(findings, [&](const Finding& finding) {
         return !known.extract(finding.code + finding.message).empty();  // each one excuses one
     });
-    return errors;
+    return findings;
 }
 
 }  // namespace
@@ -150,9 +217,9 @@ int finish_edit(const EditOutput& output, const Input& input, const std::string&
     const std::string after = output.canonical ? editor.render() : std::move(laid_over.text);
     const std::vector<Finding> lost = output.canonical ? inexpressible(editor, before, after) : not_written(laid_over);
     const bool hopeless = output.canonical ? cannot_be_forced(lost) : !lost.empty();
-    // What is lost has its place in the text before, errors have theirs in the text that would be written.
+    // What is lost has its place in the text before, findings have theirs in the text that would be written.
     const bool loses = report_findings(input, before, lost);
-    const bool refused = report_findings(input, after, new_errors(before, after, editor.schema())) || loses;
+    const bool refused = report_findings(input, after, new_findings(before, after, editor.schema())) || loses;
     if (refused && (hopeless || !output.force)) {
         complain("'" + input.name + "' is left as it is" + (hopeless ? "" : " (--force writes it all the same)"));
         return exit_findings;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 #include <velk/input/amesp/editor.hpp>
@@ -45,8 +46,15 @@ struct Edits {
     std::optional<std::int32_t> multiplicity;
 };
 
-// Charge and multiplicity come from the options, else from the XYZ file, else from the geometry that is replaced.
-// Throws std::runtime_error for an argument of the wrong form and for an XYZ file that cannot be read.
+// Says why a document cannot take an edit that is itself in order.
+class EditRefused : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Without a new geometry, charge and multiplicity are those of the one that is there; else they come from the options,
+// else from the XYZ file, else from the geometry that is replaced. Throws EditRefused, and other std::runtime_error for
+// an argument of the wrong form and for an XYZ file that cannot be read.
 void apply(velk::input::amesp::AIPEditor& editor, const Edits& edits);
 
 // Replaces the geometry by one from an XYZ file, as said for `apply`.
@@ -57,8 +65,8 @@ void set_geometry(velk::input::amesp::AIPEditor& editor, const std::string& xyz_
 bool cannot_be_forced(const std::vector<Finding>& findings);
 
 // Delivers the edited document, laid over the text that it was read from or in canonical form, unless that text cannot
-// say what the document holds or has errors that the text before did not have; those are reported. Returns the exit
-// status.
+// say what the document holds or has errors that the text before did not have; those, and warnings likewise, are
+// reported. Returns the exit status.
 int finish_edit(const EditOutput& output, const Input& input, const std::string& before,
                 const velk::input::amesp::AIPEditor& editor);
 

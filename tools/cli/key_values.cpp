@@ -74,6 +74,10 @@ Value value_in(const Section& section, const Key& key, const InputSchema& schema
 
 }  // namespace
 
+bool is_of_category(const MethodToken& token, std::string_view category) {
+    return token.category == InputSchema().canonical_directive(category);
+}
+
 Value value_of(const Key& key, const AIPData& data, const InputSchema& schema, std::string_view text) {
     switch (key.kind) {
         case KeyKind::directive: {
@@ -83,9 +87,7 @@ Value value_of(const Key& key, const AIPData& data, const InputSchema& schema, s
         case KeyKind::tokens:
             return tokens(data, [](const MethodToken& /*token*/) { return true; });
         case KeyKind::token_category:
-            return tokens(data, [category = InputSchema().canonical_directive(key.name)](const MethodToken& token) {
-                return token.category == category;
-            });
+            return tokens(data, [&](const MethodToken& token) { return is_of_category(token, key.name); });
         case KeyKind::token:
             return tokens(data, [name = schema.canonical_method_token(key.name)](const MethodToken& token) {
                 return token.canonical == name;

@@ -23,4 +23,7 @@ struct KeyValue {
 std::optional<KeyValue> value_of(const Key& key, const velk::input::amesp::AIPData& data,
                                  const velk::input::amesp::InputSchema& schema, std::string_view text);
 
+// Whether `!CATEGORY` means the token.
+bool is_of_category(const velk::input::amesp::MethodToken& token, std::string_view category);
+
 }  // namespace amesp_inp

@@ -22,7 +22,12 @@ int run_set(const SetOptions& options) {
     return for_each_input(inputs, [&](const Input& input) {
         const std::string text = read_input(input);
         AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
-        apply(editor, options.edits);
+        try {
+            apply(editor, options.edits);
+        } catch (const EditRefused& reason) {
+            complain("'" + input.name + "' is left as it is: " + reason.what());
+            return exit_findings;
+        }
         return finish_edit(options.output, input, text, editor);
     });
 }

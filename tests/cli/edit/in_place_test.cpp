@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         InPlaceEdit{{"set"}, ""}, InPlaceEdit{{"set", "--directive", "maxcore=2000"}, ""},
         InPlaceEdit{{"set", "--directive", "maxcore=4000"}, "< %  MEM   2000\n> %  MEM   4000\n"},
-        InPlaceEdit{{"set", "--directive", "nprocs=4"}, "> % nprocs 4\n"},
+        InPlaceEdit{{"set", "--directive", "nprocs=4"}, "> %  nprocs 4\n"},
         InPlaceEdit{{"set", "--unset-directive", "maxcore"}, "< %  MEM   2000\n"},
         InPlaceEdit{{"set", "--remove-token", "d3bj"}, "< ! d3bj\n"},
         InPlaceEdit{{"set", "--add-token", "freq"}, "< ! d3bj\n> ! d3bj freq\n"},
@@ -97,12 +97,12 @@ TEST(InPlace, LeavesTheFileAloneWhenAnEditCannotBeWritten) {
     }
 }
 
-TEST(InPlace, RefusesAChargeWithoutAGeometry) {
+TEST(InPlace, RefusesAChargeThatGoesNowhere) {
     for (const char* const option : {"--charge", "--multiplicity"}) {
-        const ProgramRun run = run_edit({"set", "-", option, "2"}, {.input = annotated});
+        const ProgramRun run = run_edit({"geom", "-", "--to-xyz", "-", option, "2"}, {.input = annotated});
         EXPECT_EQ(run.status, 2);
         EXPECT_EQ(run.out, "");
-        EXPECT_THAT(run.err, HasSubstr(std::string(option) + " requires --geometry"));
+        EXPECT_THAT(run.err, HasSubstr(std::string(option) + " requires --from-xyz"));
     }
 }
 
@@ -143,7 +143,7 @@ TEST(InPlace, PlacesANewErrorInTheTextThatWouldBeWritten) {
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, "");
     EXPECT_THAT(run.err, HasSubstr("<stdin>:3:1: error: directive '% nprocs' expects integer, got 'many'."));
-    EXPECT_THAT(run.err, HasSubstr("    3 | % nprocs many\n"));
+    EXPECT_THAT(run.err, HasSubstr("    3 | %  nprocs many\n"));
 }
 
 }  // namespace
