@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "< >SCF  \n<   # tight: noisy otherwise\n<   MaxIter = 128   \n<   odd thing here\n< End\n"},
         InPlaceEdit{{"geom", "--from-xyz", "same.xyz"}, ""}, InPlaceEdit{{"set", "--geometry", "same.xyz"}, ""},
         InPlaceEdit{{"geom", "--from-xyz", "moved.xyz"},
-                    "<   H   0.0  -0.7572   -0.46920000000001\n>   H   0.0  -0.7500000000   -0.46920000000001\n"},
+                    "<   H   0.0  -0.7572   -0.46920000000001\n>   H   0.0  -0.7500   -0.46920000000001\n"},
         InPlaceEdit{{"geom", "--from-xyz", "swapped.xyz"},
                     "<   O   0.0   0.0       0.1173    the apex\n>   O   0.0   0.0       0.1173    the apex\n"},
         InPlaceEdit{{"geom", "--from-xyz", "same.xyz", "--charge", "1", "--multiplicity", "2"},
