@@ -14,10 +14,13 @@ constexpr std::string_view required_schema =
     "  scf: {parse_mode: key_value, required: true, entries: {maxcyc: {value_type: integer, required: true}}}\n";
 
 constexpr auto table = std::to_array<CodeInfo>({
-    {codes::inp::added_end, Severity::warning, "Formatting would add the missing 'end' of a section.",
+    {codes::inp::added_end, Severity::error,
+     "Formatting would add the missing 'end' of a section, where the section may have been meant to end earlier. The "
+     "file is refused.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "See whether the section was meant to end earlier, and write its 'end' there.", ""},
-    {codes::inp::dropped_marker, Severity::warning, "Formatting would drop a line that holds '%', '!' or '>' alone.",
+    {codes::inp::dropped_marker, Severity::error,
+     "Formatting would drop a line that holds '%', '!' or '>' alone. The file is refused.",
      "! hf sto-3g\n%\n\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Remove the line, or complete it.", ""},
     {codes::inp::dropped_words, Severity::error,
@@ -27,16 +30,25 @@ constexpr auto table = std::to_array<CodeInfo>({
      "lost, and the file is refused.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0 frozen\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\n  # He: frozen\nend\n",
      "Move the words into a comment of their own, or format with --force.", ""},
+    {codes::inp::lost_line, Severity::error,
+     "A line is not read as part of the input: it stands outside every section without a mark, or in a Cartesian "
+     "section "
+     "without being an atom. Formatting would move it away from where it was meant to count, and the file is refused.",
+     "! hf sto-3g\n\n>xyz 0 1\n  H 0 0\n  H 0 0 0.74\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  H 0 0 0\n  H 0 0 0.74\nend\n",
+     "Mend the line, or make it a comment with '#'; or format with --force.", ""},
     {codes::inp::moved_blank_lines, Severity::warning, "Formatting would lay out blank lines anew.",
      "# helium\n\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n", "# helium\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Nothing is lost but the layout.", ""},
     {codes::inp::moved_line, Severity::warning,
-     "Formatting would move a line: directives and the method line come first, comments and loose lines after what "
-     "they "
-     "stand between.",
+     "Formatting would move a line: directives and the method line come first, comments after what they stand "
+     "between.",
      "! hf sto-3g\n# the geometry\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "# the geometry\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Put comments at the head of the file, where they stay.", ""},
+    {codes::inp::other_format, Severity::error,
+     "No line of a text that shall be formatted begins with '%', '!' or '>': it is no AMESP input, and is refused.",
+     "Dear all,\n\n\nthe job has ended.\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "See whether this is the right file; --force formats it.", ""},
     {codes::inp::reads_differently, Severity::error,
      "The canonical text would be read back as something else: a value that holds '=', a key that holds a blank, an "
      "entry named 'end'. The file is refused.",

@@ -23,6 +23,7 @@
 #include "json_report.hpp"
 #include "output.hpp"
 #include "progress.hpp"
+#include "text_report.hpp"
 #include "usage_error.hpp"
 
 namespace amesp_inp {
@@ -38,14 +39,6 @@ struct Totals {
     std::size_t errors = 0;
     std::size_t warnings = 0;
 };
-
-bool use_color(const std::string& when) {
-    if (when != "auto") {
-        return when == "always";
-    }
-    const char* const no_color = std::getenv("NO_COLOR");
-    return (no_color == nullptr || *no_color == '\0') && ::isatty(STDOUT_FILENO) == 1;
-}
 
 // Finding out how many processors there are takes reading a file: not for one file to check.
 unsigned worker_count(const CheckOptions& options, std::size_t files) {
@@ -130,7 +123,7 @@ FileCheck file_check(const CheckOptions& options) {
     check.diff = options.diff;
     check.canonical = options.canonical;
     check.json = options.format == "json";
-    check.color = !check.json && use_color(options.color);
+    check.color = !check.json && use_color(options.color, STDOUT_FILENO);
     return check;
 }
 

@@ -69,7 +69,23 @@ void add_schema_options(CLI::App& verb, SchemaOptions& options) {
     verb.add_flag("--verbose", options.verbose, "Say on standard error which schema is used");
 }
 
+void add_color_option(CLI::App& verb, std::string& color) {
+    verb.add_option("--color", color, "Colours in findings (default: auto; NO_COLOR is heeded)")
+        ->check(CLI::IsMember({"auto", "always", "never"}));
+}
+
+// How the findings of an edit are printed.
+void add_finding_options(CLI::App& verb, EditOutput& output) {
+    add_color_option(verb, output.color);
+    verb.add_flag("-q,--quiet", output.quiet, "No warnings and no summary");
+}
+
+CLI::Option* add_diff_option(CLI::App& verb, bool& diff, const char* help) {
+    return verb.add_flag("--diff,--dry-run", diff, help);
+}
+
 void add_edit_options(CLI::App& verb, EditOutput& output) {
+    add_finding_options(verb, output);
     verb.add_flag("-i,--in-place", output.in_place, "Rewrite the files");
     verb.add_flag("--force", output.force, "Write also where content is lost or the input becomes invalid");
 }
@@ -82,7 +98,7 @@ void add_other_outputs(CLI::App& verb, EditOutput& output) {
     verb.add_option("-o,--output", output.path, "Write to this file")
         ->type_name("OUT")
         ->excludes(verb.get_option("--in-place"));
-    verb.add_flag("--dry-run", output.diff, "Print the change, for patch -p1, and write nothing");
+    add_diff_option(verb, output.diff, "Print the change, for patch -p1, and write nothing");
 }
 
 void add_charge_options(CLI::App& verb, std::optional<std::int32_t>& charge,
@@ -151,14 +167,13 @@ void add_check(CLI::App& verb, Run& run) {
                              ->check(CLI::IsMember({"text", "json"}));
     verb.add_option("--fail-on", options->fail_on, "Findings that make the exit status 1 (default: error)")
         ->check(CLI::IsMember({"error", "warning", "never"}));
-    verb.add_option("--color", options->color, "Colours in text (default: auto; NO_COLOR is heeded)")
-        ->check(CLI::IsMember({"auto", "always", "never"}));
+    add_color_option(verb, options->color);
     auto* const fix = verb.add_flag("--fix{certain}", options->fix,
                                     "Fix the files, then check them: missing ends; with --fix=all also names that are "
                                     "near to one known name")
                           ->check(CLI::IsMember({"certain", "all"}));
-    verb.add_flag("--diff", options->diff,
-                  "Print the fixes, for patch -p1, and write nothing; findings go to standard error")
+    add_diff_option(verb, options->diff,
+                    "Print the fixes, for patch -p1, and write nothing; findings go to standard error")
         ->needs(fix)
         ->excludes(format);
     add_canonical_option(verb, options->canonical)->needs(fix);
@@ -184,8 +199,10 @@ void add_fmt(CLI::App& verb, Run& run) {
     add_input_options(verb, options->inputs);
     add_schema_options(verb, options->schema);
     add_edit_options(verb, options->output);
-    verb.add_flag("--check", options->check, "List the files that would change; exit status 1 if there are any");
-    verb.add_flag("--diff", options->output.diff, "Print the change instead of the text");
+    verb.add_flag("--check", options->check,
+                  "List the files that would change or be refused, with --diff also how and why; "
+                  "exit status 1 if there are any");
+    add_diff_option(verb, options->output.diff, "Print the change, for patch -p1, and write nothing");
 }
 
 // The first word is the file, unless files are given elsewhere.
@@ -253,6 +270,7 @@ void add_geom(CLI::App& verb, Run& run) {
     add_edit_options(verb, options->output);
     add_canonical_option(verb, options->output.canonical);
     add_other_outputs(verb, options->output);
+    to->excludes(verb.get_option("--diff"));
     verb.callback([options, &run, to, from] {
         if (to->empty() && from->empty()) {
             throw CLI::RequiredError("--to-xyz or --from-xyz");
@@ -270,7 +288,9 @@ void add_new(CLI::App& verb, Run& run) {
     verb.get_option("--method")->required();
     verb.add_option("-o,--output", options->output.path, "Write to this file (default: standard output)")
         ->type_name("OUT");
+    add_diff_option(verb, options->output.diff, "Print the new file as a difference, for patch -p1, and write nothing");
     verb.add_flag("--force", options->output.force, "Write also an input that is not valid");
+    add_finding_options(verb, options->output);
 }
 
 // The help of a verb, or of the program, as these print it themselves.

@@ -1,11 +1,15 @@
 // Printing and writing edited inputs.
 #include "edit_output.hpp"
 
+#include <unistd.h>
+
 #include <cstdio>
+#include <functional>
 #include <velk/core/fs.hpp>
 
 #include "text_report.hpp"
 #include "unified_diff.hpp"
+#include "usage_error.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -32,10 +36,22 @@ void deliver(const EditOutput& output, const Input& input, std::string_view befo
     }
 }
 
-bool report_findings(const Input& input, const std::string& text, std::vector<Finding> findings) {
-    const bool failed = std::any_of(findings.begin(), findings.end(),
-                                    [](const Finding& finding) { return finding.severity == IssueSeverity::Error; });
-    const std::string report = text_report({input.name, text, "", std::move(findings)}, false);
+void refuse_several_texts(const EditOutput& output, std::size_t inputs) {
+    if (inputs > 1 && !output.in_place && !output.diff) {
+        throw UsageError("the texts of " + std::to_string(inputs) +
+                         " files cannot be printed one after the other: add -i or --diff, or name one file");
+    }
+}
+
+bool report_findings(const EditOutput& output, const Input& input, const std::string& text,
+                     std::vector<Finding> findings) {
+    const auto is_error = [](const Finding& finding) { return finding.severity == IssueSeverity::Error; };
+    if (output.quiet) {
+        std::erase_if(findings, std::not_fn(is_error));
+    }
+    const bool failed = std::any_of(findings.begin(), findings.end(), is_error);
+    const std::string report =
+        text_report({input.name, text, "", std::move(findings)}, use_color(output.color, STDERR_FILENO));
     std::fwrite(report.data(), 1, report.size(), stderr);
     return failed;
 }

@@ -20,14 +20,20 @@ struct EditOutput {
     bool force = false;
     bool canonical = false;  // rendered in full instead of laid over the text
     std::string path;        // of another file to write
+    std::string color = "auto";
+    bool quiet = false;  // no warnings and no summary
 };
 
 // Prints the text, its difference, or writes it atomically, as asked; a file that would not change is not written.
 // Throws std::runtime_error, "cannot write 'NAME'", when that fails.
 void deliver(const EditOutput& output, const Input& input, std::string_view before, const std::string& after);
 
+// Texts of several files one after the other are no input: throws UsageError where they would be printed.
+void refuse_several_texts(const EditOutput& output, std::size_t inputs);
+
 // Findings on standard error. True when one of them is an error.
-bool report_findings(const Input& input, const std::string& text, std::vector<Finding> findings);
+bool report_findings(const EditOutput& output, const Input& input, const std::string& text,
+                     std::vector<Finding> findings);
 
 // Runs `work` for each input; says of one that fails why, and goes on. The worst exit status.
 template <class Work>

@@ -218,8 +218,8 @@ int finish_edit(const EditOutput& output, const Input& input, const std::string&
     const std::vector<Finding> lost = output.canonical ? inexpressible(editor, before, after) : not_written(laid_over);
     const bool hopeless = output.canonical ? cannot_be_forced(lost) : !lost.empty();
     // What is lost has its place in the text before, findings have theirs in the text that would be written.
-    const bool loses = report_findings(input, before, lost);
-    const bool refused = report_findings(input, after, new_findings(before, after, editor.schema())) || loses;
+    const bool loses = report_findings(output, input, before, lost);
+    const bool refused = report_findings(output, input, after, new_findings(before, after, editor.schema())) || loses;
     if (refused && (hopeless || !output.force)) {
         complain("'" + input.name + "' is left as it is" + (hopeless ? "" : " (--force writes it all the same)"));
         return exit_findings;

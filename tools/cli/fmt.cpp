@@ -1,13 +1,21 @@
 // amesp-inp fmt: input files in canonical form.
 #include "fmt.hpp"
 
+#include <algorithm>
+#include <cstdio>
 #include <utility>
+#include <vector>
+#include <velk/core/text_view.hpp>
+#include <velk/input/amesp/codes.hpp>
 #include <velk/input/amesp/editor.hpp>
 #include <velk/input/amesp/parser.hpp>
 
 #include "edit_output.hpp"
+#include "line_ends.hpp"
+#include "line_marks.hpp"
 #include "patch_name.hpp"
 #include "rendering_changes.hpp"
+#include "source_lines.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -28,42 +36,120 @@ std::string settled(std::string text, const InputSchema& schema) {
     return text;
 }
 
-int format_file(const FmtOptions& options, const Input& input, const InputSchema& schema) {
-    const std::string text = read_input(input);
+// Text without a line that means something in an AMESP input.
+bool is_other_format(const SourceLines& lines) {
+    bool has_others = false;
+    for (std::uint64_t number = 1; number <= lines.count(); ++number) {
+        const std::string_view line = velk::core::text::trim_view(lines.line(number));
+        if (is_marked(line)) {
+            return false;
+        }
+        has_others = has_others || !(line.empty() || is_comment(line));
+    }
+    return has_others;
+}
+
+struct Formatted {
+    std::string text;
+    std::vector<Finding> findings;  // what becomes of the content
+};
+
+Formatted formatted(const std::string& text, const InputSchema& schema) {
+    if (velk::core::text::trim_view(text).empty()) {
+        return {text, {}};
+    }
     const AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
     const std::string rendered = editor.render();
     const bool expressible = inexpressible(editor, text, rendered).empty();
-    const std::string formatted = expressible ? settled(rendered, schema) : rendered;
-    if (formatted == text && !options.check) {
-        deliver(options.output, input, text, formatted);
+    std::string canonical = with_line_ends_of(text, expressible ? settled(rendered, schema) : rendered);
+    if (is_other_format(SourceLines(text))) {
+        const Finding finding{IssueSeverity::Error,
+                              std::string(codes::inp::other_format),
+                              "No line begins with '%', '!' or '>': this is another format.",
+                              {0, 0, 0},
+                              {},
+                              {}};
+        return {std::move(canonical), {finding}};
+    }
+    const bool changes = canonical != text;
+    return {std::move(canonical), changes ? rendering_changes(editor, text, rendered) : std::vector<Finding>()};
+}
+
+struct Totals {
+    std::size_t as_they_are = 0;
+    std::size_t changed = 0;
+    std::size_t refused = 0;
+};
+
+bool has_error(const std::vector<Finding>& findings) {
+    return std::any_of(findings.begin(), findings.end(),
+                       [](const Finding& finding) { return finding.severity == IssueSeverity::Error; });
+}
+
+// One line for a file that would not stay as it is; with a difference asked for, also why and how.
+int check_file(const FmtOptions& options, const Input& input, const std::string& text, const Formatted& after,
+               Totals& totals) {
+    const bool refused = has_error(after.findings) && !options.output.force;
+    if (after.text == text && !refused) {
+        ++totals.as_they_are;
         return exit_clean;
     }
-    const bool refused =
-        report_findings(input, text, rendering_changes(editor, text, rendered)) && !options.output.force;
-    if (options.check) {
-        if (formatted == text) {
-            return exit_clean;
+    ++(refused ? totals.refused : totals.changed);
+    print(listed_name(input.name) + "\n");
+    if (options.output.diff) {
+        report_findings(options.output, input, text, after.findings);
+        if (!refused) {
+            deliver(options.output, input, text, after.text);
         }
-        print(listed_name(input.name) + "\n");
-        if (options.output.diff && !refused) {
-            deliver(options.output, input, text, formatted);
-        }
-        return exit_findings;
     }
-    if (refused) {
+    return exit_findings;
+}
+
+int format_file(const FmtOptions& options, const Input& input, const InputSchema& schema, Totals& totals) {
+    const std::string text = read_input(input);
+    const Formatted after = formatted(text, schema);
+    if (options.check) {
+        return check_file(options, input, text, after, totals);
+    }
+    if (report_findings(options.output, input, text, after.findings) && !options.output.force) {
         complain("'" + input.name + "' is left as it is: formatting would lose content (--force formats it)");
         return exit_findings;
     }
-    deliver(options.output, input, text, formatted);
+    deliver(options.output, input, text, after.text);
     return exit_clean;
+}
+
+std::string counted(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " file" : " files");
+}
+
+void print_summary(const Totals& totals, std::size_t inputs) {
+    const std::size_t checked = totals.as_they_are + totals.changed + totals.refused;
+    std::string line = counted(checked) + " checked: " + std::to_string(totals.changed) + " would change";
+    if (totals.refused > 0) {
+        line += ", " + std::to_string(totals.refused) + " would be refused";
+    }
+    if (checked < inputs) {
+        line += "; " + counted(inputs - checked) + " could not be read";
+    }
+    std::fputs((line + "\n").c_str(), stderr);
 }
 
 }  // namespace
 
 int run_fmt(const FmtOptions& options) {
     const InputSchema schema = load_schema(options.schema);
-    return for_each_input(collect_inputs(options.inputs),
-                          [&](const Input& input) { return format_file(options, input, schema); });
+    const std::vector<Input> inputs = collect_inputs(options.inputs);
+    if (!options.check) {
+        refuse_several_texts(options.output, inputs.size());
+    }
+    Totals totals;
+    const int status =
+        for_each_input(inputs, [&](const Input& input) { return format_file(options, input, schema, totals); });
+    if (options.check && !options.output.quiet) {
+        print_summary(totals, inputs.size());
+    }
+    return status;
 }
 
 }  // namespace amesp_inp

@@ -22,7 +22,7 @@ int run_new(const NewOptions& options) {
         findings.push_back({issue.severity, issue.code, issue.message, SourceLocation{}, {}, {}});
     }
     const bool hopeless = cannot_be_forced(findings);
-    if (report_findings({"-", name}, "", std::move(findings)) && (hopeless || !options.output.force)) {
+    if (report_findings(options.output, {"-", name}, "", std::move(findings)) && (hopeless || !options.output.force)) {
         complain("'" + name + "' is not made");
         return exit_findings;
     }

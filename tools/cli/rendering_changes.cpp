@@ -129,11 +129,13 @@ public:
     void add_repairs() {
         for (const ParseWarning& warning : data_.warnings) {
             if (warning.code == codes::unterminated_section) {
-                note(warning.location, codes::inp::added_end, "The missing 'end' of this section would be added.");
+                lose(warning.location, codes::inp::added_end, "The missing 'end' of this section would be added.");
             } else if (warning.code == codes::multiple_method_lines) {
                 note(warning.location, codes::inp::moved_line, "This method line would be joined to the first one.");
             } else if (is_marker_alone(warning.code)) {
-                note(warning.location, codes::inp::dropped_marker, "This line holds a marker alone and would go.");
+                lose(warning.location, codes::inp::dropped_marker, "This line holds a marker alone and would go.");
+            } else if (warning.code == codes::loose_line || warning.code == codes::invalid_xyz_record) {
+                lose(warning.location, codes::inp::lost_line, "This line is not read as part of the input.");
             }
         }
     }

@@ -19,6 +19,7 @@ int run_set(const SetOptions& options) {
     if (inputs.size() > 1 && !options.output.path.empty()) {
         throw UsageError("-o takes one input file");
     }
+    refuse_several_texts(options.output, inputs.size());
     return for_each_input(inputs, [&](const Input& input) {
         const std::string text = read_input(input);
         AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);

@@ -1,8 +1,11 @@
 // Findings as text.
 #include "text_report.hpp"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 
 #include "printable.hpp"
 #include "source_lines.hpp"
@@ -143,6 +146,14 @@ private:
 
 std::string text_report(const FileFindings& file, bool color) {
     return file.findings.empty() ? std::string() : Report(file, color).run();
+}
+
+bool use_color(const std::string& when, int descriptor) {
+    if (when != "auto") {
+        return when == "always";
+    }
+    const char* const no_color = std::getenv("NO_COLOR");
+    return (no_color == nullptr || *no_color == '\0') && ::isatty(descriptor) == 1;
 }
 
 }  // namespace amesp_inp

@@ -11,4 +11,7 @@ namespace amesp_inp {
 // be read.
 std::string text_report(const FileFindings& file, bool color);
 
+// Whether to use colours on a stream, "always", "never" or "auto": on a terminal, unless NO_COLOR says otherwise.
+bool use_color(const std::string& when, int descriptor);
+
 }  // namespace amesp_inp
