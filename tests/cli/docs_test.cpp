@@ -78,7 +78,8 @@ TEST_P(Page, ShowsWhatItsExamplesPrint) {
 
 INSTANTIATE_TEST_SUITE_P(Docs, Page,
                          testing::Values("README.md", "docs/input-format.md", "docs/schema-format.md", "docs/json.md",
-                                         "docs/verbs/check.md", "docs/verbs/get.md", "docs/verbs/set.md"));
+                                         "docs/verbs/check.md", "docs/verbs/geom.md", "docs/verbs/get.md",
+                                         "docs/verbs/set.md"));
 
 }  // namespace
 }  // namespace velk::test

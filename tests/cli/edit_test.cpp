@@ -245,7 +245,7 @@ TEST(Geom, TakesAGeometryOutAndPutsOneIn) {
     EXPECT_EQ(run({"geom", dir / "a.inp", "--to-xyz", "-"}).out, xyz);
     EXPECT_EQ(run({"geom", dir / "a.inp", "--to-xyz", dir / "a.xyz"}).status, 0);
     EXPECT_EQ(read_file(dir / "a.xyz"), xyz);
-    write_file(dir / "b.xyz", "2\nx charge=-1 y\nH 0 0 0 extra\nH 0 0 7.4d-1\n\n");
+    write_file(dir / "b.xyz", "2\nx charge=-1 spin=1 y\nH 0 0 0 extra\nH 0 0 7.4d-1\n\n");
     EXPECT_EQ(run({"geom", "-i", dir / "a.inp", "--from-xyz", dir / "b.xyz", "--multiplicity", "2"}).status, 0);
     EXPECT_THAT(read_file(dir / "a.inp"),
                 HasSubstr(">xyz -1 2\n  H  0.0000000000 0.0000000000 0.0000000000\n  H  0.0000000000 0.0000000000 "
@@ -270,7 +270,7 @@ TEST(Geom, SaysWhereAnXyzFileIsWrong) {
                              {"1\n\nH 0 nan 0\n", ":3:5: error: expected a coordinate"},
                              {"1\n\n\n", ":3:1: error: expected an atom"},
                              {"1\ncharge=x\nH 0 0 0\n", ":2:1: error: expected an integer after 'charge='"},
-                             {"1\n\nH 0 0 0\n1\n\nH 0 0 0\n", ":4:1: error: expected the end of the file"}};
+                             {"1\n\nH 0 0 0\n1\n\nH 0 0 0\n", ":4:1: error: the file holds 2 frames"}};
     for (const XyzCase& c : cases) {
         const TempDir dir;
         write_file(dir / "m.xyz", c.text);

@@ -101,10 +101,20 @@ void add_other_outputs(CLI::App& verb, EditOutput& output) {
     add_diff_option(verb, output.diff, "Print the change, for patch -p1, and write nothing");
 }
 
-void add_charge_options(CLI::App& verb, std::optional<std::int32_t>& charge,
-                        std::optional<std::int32_t>& multiplicity) {
-    verb.add_option("--charge", charge, "Charge of the geometry")->type_name("Q");
-    verb.add_option("--multiplicity", multiplicity, "Spin multiplicity of the geometry")->type_name("M");
+// Of which --frame asks for `file`, the option that names an XYZ file.
+void add_geometry_options(CLI::App& verb, GeometryOptions& options, const char* file) {
+    verb.add_option("--charge", options.charge, "Charge of the geometry")->type_name("Q");
+    verb.add_option("--multiplicity", options.multiplicity, "Spin multiplicity of the geometry")->type_name("M");
+    const auto choose = [&options](const std::string& text) {
+        const std::optional<std::uint64_t> frame = frame_of(text);
+        if (!frame) {
+            throw CLI::ValidationError("--frame", "'" + text + "' is neither a number from 1 on nor 'last'");
+        }
+        options.frame = *frame;
+    };
+    verb.add_option_function<std::string>("--frame", choose, "Which frame of an XYZ file that holds several")
+        ->type_name("N|last")
+        ->needs(verb.get_option(file));
 }
 
 void charge_options_need(CLI::App& verb, const char* option) {
@@ -156,7 +166,7 @@ void add_edits(CLI::App& verb, Run& run, const std::shared_ptr<Options>& options
         options->edits.in_order = edit_options.in_order();
         run = [options, call] { return call(*options); };
     });
-    add_charge_options(verb, options->edits.charge, options->edits.multiplicity);
+    add_geometry_options(verb, options->edits.geometry, "--geometry");
 }
 
 void add_check(CLI::App& verb, Run& run) {
@@ -265,7 +275,7 @@ void add_geom(CLI::App& verb, Run& run) {
     auto* const from =
         verb.add_option("--from-xyz", options->from_xyz, "Take the geometry from this file")->type_name("MOL.xyz");
     to->excludes(from);
-    add_charge_options(verb, options->charge, options->multiplicity);
+    add_geometry_options(verb, options->geometry, "--from-xyz");
     charge_options_need(verb, "--from-xyz");
     add_edit_options(verb, options->output);
     add_canonical_option(verb, options->output.canonical);

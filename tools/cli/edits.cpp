@@ -111,7 +111,7 @@ void set_method(AIPEditor& editor, std::string_view tokens) {
     editor.set_method_tokens(velk::core::text::split_whitespace(tokens));
 }
 
-void apply(AIPEditor& editor, const Edit& edit, const Edits& edits) {
+void apply(AIPEditor& editor, const Edit& edit, const Geometries& geometries) {
     switch (edit.kind) {
         case EditKind::set_directive: {
             const auto [key, value] = assignment_of(edit, KeyKind::directive, editor.schema());
@@ -134,7 +134,7 @@ void apply(AIPEditor& editor, const Edit& edit, const Edits& edits) {
             editor.remove_section(key_of(edit, KeyKind::section, edit.argument, editor.schema()).name);
             return;
         case EditKind::set_geometry:
-            return set_geometry(editor, edit.argument, edits.charge, edits.multiplicity);
+            return set_geometry(editor, geometries.at(edit.argument));
     }
 }
 
@@ -144,33 +144,25 @@ const EditName& name_of(EditKind kind) {
     return edit_names[static_cast<std::size_t>(kind)];
 }
 
-void apply(AIPEditor& editor, const Edits& edits) {
+Geometries read_geometries(const Edits& edits) {
+    Geometries geometries;
     for (const Edit& edit : edits.in_order) {
-        apply(editor, edit, edits);
+        if (edit.kind == EditKind::set_geometry && !geometries.contains(edit.argument)) {
+            geometries.emplace(edit.argument, read_geometry(edit.argument, edits.geometry));
+        }
+    }
+    return geometries;
+}
+
+void apply(AIPEditor& editor, const Edits& edits, const Geometries& geometries) {
+    for (const Edit& edit : edits.in_order) {
+        apply(editor, edit, geometries);
     }
     const bool has_new_geometry = std::any_of(edits.in_order.begin(), edits.in_order.end(),
                                               [](const Edit& edit) { return edit.kind == EditKind::set_geometry; });
-    if (!has_new_geometry && (edits.charge || edits.multiplicity)) {
-        set_header(editor, edits.charge, edits.multiplicity);
+    if (!has_new_geometry && (edits.geometry.charge || edits.geometry.multiplicity)) {
+        set_header(editor, edits.geometry.charge, edits.geometry.multiplicity);
     }
-}
-
-void set_geometry(AIPEditor& editor, const std::string& xyz_path, std::optional<std::int32_t> charge,
-                  std::optional<std::int32_t> multiplicity) {
-    const Input input{xyz_path, xyz_path == "-" ? "<stdin>" : xyz_path};
-    Molecule molecule = read_xyz(read_input(input), input.name);
-    const Section* const old = editor.data().find_section("xyz");
-    charge = charge ? charge : molecule.charge;
-    multiplicity = multiplicity ? multiplicity : molecule.multiplicity;
-    if (old != nullptr) {
-        charge = charge ? charge : old->charge;
-        multiplicity = multiplicity ? multiplicity : old->multiplicity;
-    }
-    if (!charge || !multiplicity) {
-        throw std::runtime_error("the charge and the multiplicity of '" + input.name +
-                                 "' are not known: give --charge and --multiplicity");
-    }
-    editor.set_xyz_geometry(*charge, *multiplicity, std::move(molecule.atoms));
 }
 
 bool cannot_be_forced(const std::vector<Finding>& findings) {

@@ -1,15 +1,14 @@
 // Edits as the command line spells them, for the subcommands that change or make an input.
 #pragma once
 
-#include <cstdint>
-#include <optional>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
 #include <velk/input/amesp/editor.hpp>
 
 #include "edit_output.hpp"
-#include "xyz_file.hpp"
+#include "geometry.hpp"
 
 namespace amesp_inp {
 
@@ -42,9 +41,12 @@ struct Edit {
 // The edits of one command line.
 struct Edits {
     std::vector<Edit> in_order;
-    std::optional<std::int32_t> charge;
-    std::optional<std::int32_t> multiplicity;
+    GeometryOptions geometry;
 };
+
+// The XYZ files that edits name, each read once, however many inputs are edited. Throws as `read_geometry` does.
+using Geometries = std::map<std::string, Geometry>;
+Geometries read_geometries(const Edits& edits);
 
 // Says why a document cannot take an edit that is itself in order.
 class EditRefused : public std::runtime_error {
@@ -52,14 +54,9 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// Without a new geometry, charge and multiplicity are those of the one that is there; else they come from the options,
-// else from the XYZ file, else from the geometry that is replaced. Throws EditRefused, and other std::runtime_error for
-// an argument of the wrong form and for an XYZ file that cannot be read.
-void apply(velk::input::amesp::AIPEditor& editor, const Edits& edits);
-
-// Replaces the geometry by one from an XYZ file, as said for `apply`.
-void set_geometry(velk::input::amesp::AIPEditor& editor, const std::string& xyz_path,
-                  std::optional<std::int32_t> charge, std::optional<std::int32_t> multiplicity);
+// Without a new geometry, charge and multiplicity of the options are for the one that is there. Throws EditRefused, and
+// other std::runtime_error for an argument of the wrong form and as `set_geometry` does.
+void apply(velk::input::amesp::AIPEditor& editor, const Edits& edits, const Geometries& geometries);
 
 // Whether an edit asks for what no canonical text says: that makes no sense even when forced.
 bool cannot_be_forced(const std::vector<Finding>& findings);

@@ -33,7 +33,7 @@ int run_geom(const GeomOptions& options) {
         return write_geometry(options, input, text, data);
     }
     AIPEditor editor(std::move(data), schema);
-    set_geometry(editor, options.from_xyz, options.charge, options.multiplicity);
+    set_geometry(editor, read_geometry(options.from_xyz, options.geometry));
     return finish_edit(options.output, input, text, editor);
 }
 

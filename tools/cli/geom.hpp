@@ -1,11 +1,10 @@
 // amesp-inp geom.
 #pragma once
 
-#include <cstdint>
-#include <optional>
 #include <string>
 
 #include "edit_output.hpp"
+#include "geometry.hpp"
 #include "schema_source.hpp"
 
 namespace amesp_inp {
@@ -15,8 +14,7 @@ struct GeomOptions {
     SchemaOptions schema;
     std::string to_xyz;  // one of these two is given
     std::string from_xyz;
-    std::optional<std::int32_t> charge;
-    std::optional<std::int32_t> multiplicity;
+    GeometryOptions geometry;  // of that one
     EditOutput output;
 };
 

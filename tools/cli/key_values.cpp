@@ -1,7 +1,8 @@
 // Values of keys.
 #include "key_values.hpp"
 
-#include "numbers.hpp"
+#include <velk/input/amesp/xyz.hpp>
+
 #include "source_lines.hpp"
 
 namespace amesp_inp {

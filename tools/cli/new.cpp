@@ -15,7 +15,7 @@ using namespace velk::input::amesp;
 int run_new(const NewOptions& options) {
     const InputSchema schema = load_schema(options.schema);
     AIPEditor editor({}, schema);
-    apply(editor, options.edits);
+    apply(editor, options.edits, read_geometries(options.edits));
     const std::string name = options.output.path.empty() ? "<new>" : options.output.path;
     std::vector<Finding> findings = inexpressible(editor, {}, editor.render());
     for (const ValidationIssue& issue : editor.validate()) {

@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <bit>
+#include <charconv>
 #include <cmath>
+#include <iterator>
+#include <limits>
 #include <set>
 #include <utility>
 #include <velk/core/text_view.hpp>
@@ -12,7 +15,6 @@
 #include <velk/input/amesp/parser.hpp>
 
 #include "line_marks.hpp"
-#include "numbers.hpp"
 #include "source_lines.hpp"
 
 namespace amesp_inp {
@@ -24,9 +26,13 @@ using velk::core::text::trim_view;
 
 const SourceLocation nowhere{0, 0, 0};  // of what no line of a file made
 
+// What a coordinate becomes: canonical text has ten decimals. Infinities and NaN are read back as they are.
 double rounded(double value) {
-    const std::optional<double> read = read_number<double>(coordinate_text(value));
-    return read ? *read : value;
+    constexpr int decimals = 10;
+    char text[std::numeric_limits<double>::max_exponent10 + decimals + 4];
+    const auto written = std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed, decimals);
+    std::from_chars(std::begin(text), written.ptr, value);
+    return value;
 }
 
 bool same_number(double a, double b) {

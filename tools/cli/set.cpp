@@ -20,11 +20,12 @@ int run_set(const SetOptions& options) {
         throw UsageError("-o takes one input file");
     }
     refuse_several_texts(options.output, inputs.size());
+    const Geometries geometries = read_geometries(options.edits);
     return for_each_input(inputs, [&](const Input& input) {
         const std::string text = read_input(input);
         AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
         try {
-            apply(editor, options.edits);
+            apply(editor, options.edits, geometries);
         } catch (const EditRefused& reason) {
             complain("'" + input.name + "' is left as it is: " + reason.what());
             return exit_findings;
