@@ -50,6 +50,33 @@ TEST(Show, ReplacesBytesThatAreNoUtf8) {
     EXPECT_EQ(json::parse(run.out)["header_comments"][0], "# \xef\xbf\xbd");
 }
 
+TEST(Show, GivesAListOfSeveralFilesWithTheirNames) {
+    const TempDir dir;
+    write_file(dir / "a.inp", "! hf\n");
+    write_file(dir / "b.inp", "! mp2\n");
+    const auto show = [&](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {"show", "--schema", starter});
+        return run_program(arguments, {.input = "a.inp\n", .directory = dir.path()});
+    };
+    const json alone = json::parse(show({"a.inp"}).out);
+    EXPECT_TRUE(alone.is_object());
+    EXPECT_FALSE(alone.contains("file"));
+    const ProgramRun both = show({"b.inp", "none", "a.inp"});
+    EXPECT_EQ(both.status, 2);
+    EXPECT_EQ(both.err, "amesp-inp: cannot read 'none': No such file or directory\n");
+    json list = json::parse(both.out);
+    ASSERT_EQ(list.size(), 2U);
+    EXPECT_EQ(list[0]["file"], "b.inp");
+    EXPECT_EQ(list[0]["method_tokens"][0]["text"], "mp2");
+    EXPECT_EQ(list[1].size(), alone.size() + 1);
+    list[1].erase("file");
+    EXPECT_EQ(list[1], alone);
+    EXPECT_EQ(json::parse(show({dir.path()}).out).size(), 2U);
+    EXPECT_EQ(json::parse(show({dir.path(), "--exclude", "b.inp"}).out).size(), 1U);
+    EXPECT_EQ(json::parse(show({"--files-from", "-"}).out).size(), 1U);
+    EXPECT_EQ(show({dir.path(), "--exclude", "*", "--allow-empty"}).out, "[]\n");
+}
+
 TEST(Show, FailsOnAFileThatCannotBeRead) {
     const ProgramRun run = run_program({"show", "--schema", starter, "/nonexistent"});
     EXPECT_EQ(run.status, 2);

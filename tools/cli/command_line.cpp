@@ -35,8 +35,8 @@ std::shared_ptr<Options> call_with_options(CLI::App& verb, Run& run, int (*call)
     return options;
 }
 
-void add_input_options(CLI::App& verb, InputOptions& options) {
-    auto* const files = verb.add_option("FILE", options.paths, "Input files or directories; - is standard input");
+// What names input files besides words of the command line, and which of a directory are taken.
+CLI::Option* add_other_inputs(CLI::App& verb, InputOptions& options) {
     auto* const list = verb.add_option("--files-from", options.list_path,
                                        "More of them from this file, one a line or with a NUL byte after each; - is "
                                        "standard input")
@@ -52,6 +52,12 @@ void add_input_options(CLI::App& verb, InputOptions& options) {
         ->take_all();
     verb.add_flag("--allow-empty", options.may_be_empty, "A directory or a list without a file is no error");
     verb.add_option("--stdin-filename", options.stdin_name, "What messages call standard input")->type_name("NAME");
+    return list;
+}
+
+void add_input_options(CLI::App& verb, InputOptions& options) {
+    auto* const files = verb.add_option("FILE", options.paths, "Input files or directories; - is standard input");
+    auto* const list = add_other_inputs(verb, options);
     verb.parse_complete_callback([files, list] {
         if (files->empty() && list->empty()) {
             throw CLI::RequiredError("FILE or --files-from");
@@ -200,7 +206,7 @@ void add_explain(CLI::App& verb, Run& run) {
 
 void add_show(CLI::App& verb, Run& run) {
     const auto options = call_with_options(verb, run, run_show);
-    add_input_file(verb, options->path);
+    add_input_options(verb, options->inputs);
     add_schema_options(verb, options->schema);
 }
 
@@ -222,19 +228,16 @@ struct GetWords {
 };
 
 GetOptions completed(GetOptions options, const GetWords& words) {
-    options.keys = words.others;
+    const bool has_files = !options.inputs.paths.empty() || !options.inputs.list_path.empty();
     if (words.first.empty()) {
-        throw CLI::RequiredError(options.inputs.paths.empty() ? "FILE" : "KEY");
+        throw CLI::RequiredError(has_files ? "KEY" : "FILE");
     }
-    if (options.inputs.paths.empty()) {
-        options.inputs.paths = {words.first};
-    } else {
-        options.keys.insert(options.keys.begin(), words.first);
-        options.names = true;
-    }
+    (has_files ? options.keys : options.inputs.paths).push_back(words.first);
+    options.keys.insert(options.keys.end(), words.others.begin(), words.others.end());
     if (options.keys.empty()) {
         throw CLI::RequiredError("KEY");
     }
+    options.names = options.names || has_files;
     return options;
 }
 
@@ -245,6 +248,7 @@ void add_get(CLI::App& verb, Run& run) {
     verb.add_option("KEY", words->others, "What to print, one line each; sections, atoms and kept lines take several");
     verb.add_option("--files", options->inputs.paths, "Input files or directories, after the keys; implies --names")
         ->type_name("FILE");
+    add_other_inputs(verb, options->inputs);
     verb.add_flag("--names", options->names, "Print file, key and value, with tabs between");
     verb.add_option("--format", options->format, "How values are printed (default: text)")
         ->check(CLI::IsMember({"text", "json", "csv"}));
@@ -339,9 +343,10 @@ const std::array verbs = {
          "  amesp-inp explain amesp.unterminated_section\n"
          "  amesp-inp explain                             lists all codes",
          add_explain},
-    Verb{"show", "Prints the parsed document as JSON.",
+    Verb{"show", "Prints parsed documents as JSON.",
          "  amesp-inp show water.inp\n"
-         "  amesp-inp show water.inp | jq '.sections[].name'",
+         "  amesp-inp show water.inp | jq '.sections[].name'\n"
+         "  amesp-inp show jobs/ *.inp | jq -r '.[] | [.file, .sections[].name] | @tsv'",
          add_show},
     Verb{"fmt", "Writes input files in canonical form.",
          "  amesp-inp fmt water.inp            prints the canonical text\n"

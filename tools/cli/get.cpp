@@ -20,8 +20,7 @@ ValueFormat format_of(const GetOptions& options, const std::vector<Input>& input
     if (options.format == "csv") {
         return ValueFormat::csv;
     }
-    const bool is_one_file = inputs.size() == 1 && inputs.front().path == options.inputs.paths.front();
-    return options.names || !is_one_file ? ValueFormat::named : ValueFormat::bare;
+    return options.names || !is_one_file(options.inputs, inputs) ? ValueFormat::named : ValueFormat::bare;
 }
 
 // All keys are understood before the first value is printed.

@@ -153,6 +153,10 @@ std::vector<Input> collect_inputs(const InputOptions& options) {
     return inputs;
 }
 
+bool is_one_file(const InputOptions& options, const std::vector<Input>& inputs) {
+    return options.paths.size() == 1 && inputs.size() == 1 && inputs.front().path == options.paths.front();
+}
+
 std::string read_input(const Input& input) {
     try {
         return input.path == "-" ? read_standard_input() : velk::core::fs::read_text_file(input.path);

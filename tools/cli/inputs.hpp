@@ -27,6 +27,9 @@ struct Input {
 // Throws std::runtime_error when the list cannot be read, and for a directory or a list without a file.
 std::vector<Input> collect_inputs(const InputOptions& options);
 
+// Whether they are one file that was named itself, alone: not what a directory or a list happens to hold.
+bool is_one_file(const InputOptions& options, const std::vector<Input>& inputs);
+
 // All bytes. Throws std::runtime_error, "cannot read 'NAME': REASON".
 std::string read_input(const Input& input);
 

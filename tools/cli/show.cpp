@@ -6,8 +6,7 @@
 #include <vector>
 #include <velk/input/amesp/parser.hpp>
 
-#include "exit_status.hpp"
-#include "inputs.hpp"
+#include "edit_output.hpp"
 #include "json_writer.hpp"
 
 namespace amesp_inp {
@@ -30,8 +29,14 @@ const char* name_of(SectionParseMode mode) {
 // One function for each kind of value, and the fields of each record in their order.
 class DocumentWriter {
 public:
-    void write(const AIPData& data, const std::string& schema_path) {
+    explicit DocumentWriter(JsonWriter& json) : json_(json) {}
+
+    // With the name of its file where it stands among others.
+    void write(const std::optional<std::string>& file, const AIPData& data, const std::string& schema_path) {
         json_.begin_object();
+        if (file) {
+            field("file", *file);
+        }
         field("format", std::string("amesp-inp document"));
         field("version", std::int32_t{1});
         field("schema", schema_path);
@@ -42,7 +47,6 @@ public:
         field("preserved_lines", data.preserved_lines);
         field("warnings", data.warnings);
         json_.end_object();
-        json_.finish();
     }
 
 private:
@@ -148,7 +152,7 @@ private:
         json_.end_object();
     }
 
-    JsonWriter json_;
+    JsonWriter& json_;
 };
 
 }  // namespace
@@ -156,10 +160,25 @@ private:
 int run_show(const ShowOptions& options) {
     const std::string schema_path = find_schema(options.schema);
     const InputSchema schema = InputSchema::from_file(schema_path);
-    const std::string text = read_input({options.path, options.path == "-" ? "<stdin>" : options.path});
-    const ParseResult result = AIPParser::parse_string(text, schema, {true, false});
-    DocumentWriter().write(result.data, schema_path);
-    return exit_clean;
+    const std::vector<Input> inputs = collect_inputs(options.inputs);
+    JsonWriter json;
+    const auto show = [&](const Input& input, const std::optional<std::string>& name) {
+        const std::string text = read_input(input);
+        DocumentWriter(json).write(name, AIPParser::parse_string(text, schema, {true, false}).data, schema_path);
+    };
+    if (is_one_file(options.inputs, inputs)) {
+        show(inputs.front(), std::nullopt);
+        json.finish();
+        return exit_clean;
+    }
+    json.begin_list();
+    const int status = for_each_input(inputs, [&](const Input& input) {
+        show(input, input.name);
+        return exit_clean;
+    });
+    json.end_list();
+    json.finish();
+    return status;
 }
 
 }  // namespace amesp_inp

@@ -1,14 +1,13 @@
 // amesp-inp show.
 #pragma once
 
-#include <string>
-
+#include "inputs.hpp"
 #include "schema_source.hpp"
 
 namespace amesp_inp {
 
 struct ShowOptions {
-    std::string path;
+    InputOptions inputs;
     SchemaOptions schema;
 };
 

@@ -133,6 +133,10 @@ TEST_F(GetFiles, NamesFileAndKeyOnEveryLine) {
     EXPECT_EQ(run({"maxcore", "--files", "a.inp"}).out, "a.inp\tmaxcore\t2000\n");
     EXPECT_EQ(run({".", "maxcore"}).out, "./a.inp\tmaxcore\t2000\n./b,\".inp\tmaxcore\t1\n");
     EXPECT_EQ(run({"maxcore", "--files", "."}).out, "./a.inp\tmaxcore\t2000\n./b,\".inp\tmaxcore\t1\n");
+    EXPECT_EQ(run({"maxcore", "--exclude", "b*", "--files", "."}).out, "./a.inp\tmaxcore\t2000\n");
+    write_file(dir / "list", "a.inp\n");
+    EXPECT_EQ(run({"maxcore", "!method", "--files-from", "list"}).out,
+              "a.inp\tmaxcore\t2000\na.inp\t!method\tuHF HF\n");
 }
 
 TEST_F(GetFiles, GivesJson) {
