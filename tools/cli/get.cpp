@@ -29,7 +29,7 @@ int get_from(const Input& input, const InputSchema& schema, const std::vector<st
     const AIPData data = AIPParser::parse_string(text, schema, {true, false}).data;
     std::vector<Key> understood;
     for (const std::string& key : keys) {
-        understood.push_back(find_key(key, schema, data));
+        understood.push_back(find_key(key, schema, data, input.name));
     }
     int status = exit_clean;
     for (std::size_t i = 0; i < keys.size(); ++i) {

@@ -208,12 +208,12 @@ std::optional<Key> find_key(std::string_view text, const InputSchema& schema) {
     return key;
 }
 
-Key find_key(std::string_view text, const InputSchema& schema, const AIPData& data) {
+Key find_key(std::string_view text, const InputSchema& schema, const AIPData& data, const std::string& file) {
     std::optional<Key> key = find_key(text, schema);
     key = key ? key : clear_one(trim_view(text), meanings_in(data, trim_view(text), schema));
     key = key ? key : part_key(trim_view(text), schema);
     if (!key) {
-        fail_as_no_key(text, std::string("neither the schema nor the file has such a name; ") + forms);
+        fail_as_no_key(text, "neither the schema nor '" + file + "' has such a name; " + forms);
     }
     return *key;
 }

@@ -34,9 +34,9 @@ struct Key {
 // Nothing for a name that says too little without a document.
 std::optional<Key> find_key(std::string_view text, const velk::input::amesp::InputSchema& schema);
 
-// The same, and what the schema does not know means what the document has by that name; never nothing.
+// The same, and what the schema does not know means what the document of `file` has by that name; never nothing.
 Key find_key(std::string_view text, const velk::input::amesp::InputSchema& schema,
-             const velk::input::amesp::AIPData& data);
+             const velk::input::amesp::AIPData& data, const std::string& file);
 
 // A key of a kind that is known from where it stands, so that the mark says nothing new: directive, token, section or
 // entry. Also gives the category of tokens that `!NAME` names, and parts of a section for an entry. Throws
