@@ -58,6 +58,12 @@ constexpr auto table = std::to_array<CodeInfo>({
     {codes::inp::rounded, Severity::warning, "Formatting would round coordinates to ten decimals.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.12345678901\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.1234567890\nend\n",
      "Leave the file unformatted where more digits matter.", ""},
+    {codes::dropped_words, Severity::warning,
+     "An edit takes words with it that it does not name: words after the coordinates of an atom that is removed or "
+     "gets "
+     "another symbol, words of the >xyz header that is replaced, or a remark after a value. To this format a remark "
+     "that begins with '#', ';' or '//' after a value is part of the value.",
+     "", "", "Put what shall stay into a comment line of its own.", ""},
     {codes::duplicate_section, Severity::error,
      "A section that the schema allows only once stands in the input several times.",
      "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>scf\n  conv 1e-6\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
@@ -97,6 +103,11 @@ constexpr auto table = std::to_array<CodeInfo>({
      "as it is, but is not part of the geometry.",
      "! hf sto-3g\n>xyz 0 1\n  H 0 0 0\n  H 0 0\nend\n", "! hf sto-3g\n>xyz 0 1\n  H 0 0 0\n  H 0 0 0.74\nend\n",
      "Give symbol, x, y and z. Exponents may be written with e or d.", ""},
+    {codes::kept_unit, Severity::warning,
+     "A geometry was replaced, and a word of its header that stays names another unit than angstrom: the new "
+     "coordinates "
+     "are read in that unit. An error where the new coordinates are known to be in angstrom.",
+     "", "", "Convert the coordinates, or remove the word from the header.", ""},
     {codes::loose_line, Severity::warning,
      "A line stands outside every section and begins with none of '%', '!', '>' and the comment marks '#', '//', ';'.",
      "! hf sto-3g\nmy first calculation\n>xyz 0 1\n  He 0 0 0\nend\n",

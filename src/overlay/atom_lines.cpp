@@ -15,6 +15,8 @@
 namespace velk::input::amesp::overlay {
 namespace {
 
+constexpr std::size_t atom_words = 4;
+
 // The words of a line, and the line.
 struct AtomWords {
     std::string_view line;
@@ -135,7 +137,7 @@ AtomStyle atom_style(const LineTable& lines, const std::vector<AtomRecord>& atom
     for (std::size_t i = 0; i < std::min(atoms.size(), most); ++i) {
         const std::string_view line = lines.raw(line_of(atoms[i]));
         const AtomWords words{line, words_from(line, 0)};
-        if (words.end(3) <= widest_layout) {
+        if (words.end(atom_words - 1) <= widest_layout) {
             sample.push_back(words);
         }
     }
@@ -159,6 +161,14 @@ std::string atom_line(const AtomRecord& atom, std::string_view indent, const Ato
     return line;
 }
 
+std::string_view words_after_coordinates(std::string_view line) {
+    std::string_view rest = line;
+    for (std::size_t i = 0; i < atom_words; ++i) {
+        core::text::take_word(rest);
+    }
+    return core::text::trim_view(rest);
+}
+
 std::string changed_atom_line(std::string_view line, const AtomRecord& before, const AtomRecord& after,
                               const AtomStyle& style) {
     if (!is_symbol(after.symbol)) {
@@ -179,13 +189,12 @@ std::string changed_atom_line(std::string_view line, const AtomRecord& before, c
                    keeps_column(style[axis], old, axis) ? place_in(style[axis], number) : 0);
         result += number;
     }
-    constexpr std::size_t coordinates_end = 4;
-    if (old.words.size() > coordinates_end) {
-        const std::string_view gap = old.gap_after(coordinates_end - 1);
-        append_gap(result, gap, gap.size() > 1 ? old.begin(coordinates_end) : 0);
-        result += line.substr(old.begin(coordinates_end));
-    } else {
-        result += line.substr(old.end(coordinates_end - 1));
+    if (old.words.size() <= atom_words) {
+        result += line.substr(old.end(atom_words - 1));
+    } else if (before.symbol == after.symbol) {
+        const std::string_view gap = old.gap_after(atom_words - 1);
+        append_gap(result, gap, gap.size() > 1 ? old.begin(atom_words) : 0);
+        result += line.substr(old.begin(atom_words));
     }
     return result;
 }

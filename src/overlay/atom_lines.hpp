@@ -24,6 +24,10 @@ inline bool same_bits(double a, double b) {
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
+inline bool same_atom(const AtomRecord& a, const AtomRecord& b) {
+    return a.symbol == b.symbol && same_bits(a.x, b.x) && same_bits(a.y, b.y) && same_bits(a.z, b.z);
+}
+
 // What the numbers of an axis have in common: where they stand one below the other.
 enum class Anchor { point, end, begin };
 
@@ -43,8 +47,11 @@ AtomStyle atom_style(const LineTable& lines, const std::vector<AtomRecord>& atom
 // their axis, else those of the axis that has most, else as many as it takes.
 std::string atom_line(const AtomRecord& atom, std::string_view indent, const AtomStyle& style);
 
+std::string_view words_after_coordinates(std::string_view line);
+
 // The line of `before` with the words that differ replaced; empty when no line reads back as `after`. A number keeps
 // its decimals where it can. What stands in a column stays in it where the blanks before it leave room for that.
+// Words after the coordinates stay only when the symbol does.
 std::string changed_atom_line(std::string_view line, const AtomRecord& before, const AtomRecord& after,
                               const AtomStyle& style);
 

@@ -16,10 +16,6 @@
 namespace velk::input::amesp::overlay {
 namespace {
 
-bool same_atom(const AtomRecord& a, const AtomRecord& b) {
-    return a.symbol == b.symbol && same_bits(a.x, b.x) && same_bits(a.y, b.y) && same_bits(a.z, b.z);
-}
-
 // Equal exactly for the same atom.
 std::string key_of(const AtomRecord& atom) {
     std::string key;
@@ -57,6 +53,7 @@ public:
         for (std::size_t i = 0; i < removed.size(); ++i) {
             if (removed[i]) {
                 overlay_.patch.drop(line_of(before_[i]));
+                say_lost_words(i);
             }
         }
         slot_ = first_slot();
@@ -123,6 +120,16 @@ private:
         overlay_.patch.insert(slot_, InsertOrder::body, std::move(line));
     }
 
+    // Of a line that does not stay; one that another atom took along keeps its words.
+    void say_lost_words(std::size_t old) {
+        const std::string_view words = words_after_coordinates(old_line(old));
+        if (!words.empty() && !taken_[old]) {
+            overlay_.problems.dropped_words(
+                "The words '" + std::string(words) + "' after an atom of section '>" + change_.before.name + "' go",
+                before_[old].location);
+        }
+    }
+
     void change(std::size_t i) {
         const std::size_t old = partners_[i];
         if (same_atom(before_[old], after_[i])) {
@@ -134,6 +141,9 @@ private:
             return cannot_write(after_[i]);
         }
         overlay_.patch.replace(line_of(before_[old]), std::move(line));
+        if (anew || before_[old].symbol != after_[i].symbol) {
+            say_lost_words(old);
+        }
     }
 
     Overlay& overlay_;

@@ -6,6 +6,7 @@
 #include "overlay/overlay.hpp"
 #include "overlay/partners.hpp"
 #include "overlay/read_back.hpp"
+#include "overlay/remarks.hpp"
 #include "overlay/words.hpp"
 
 namespace velk::input::amesp::overlay {
@@ -37,6 +38,7 @@ void change(Overlay& overlay, const Directive& before, const Directive& after) {
             return false;
         }
         overlay.patch.replace(line_of(before), std::move(text));
+        say_lost_remark(overlay, before, after.value);
         return true;
     };
     if (replaced_by(with_value(line)) ||
@@ -79,6 +81,7 @@ void lay_directives(Overlay& overlay, const AIPData& before, const AIPData& afte
     for (std::size_t i = 0; i < removed.size(); ++i) {
         if (removed[i]) {
             overlay.patch.drop(line_of(before.directives[i]));
+            say_lost_remark(overlay, before.directives[i], {});
         }
     }
     std::optional<LineStyle> style;

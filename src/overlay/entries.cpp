@@ -9,6 +9,7 @@
 #include "overlay/overlay.hpp"
 #include "overlay/partners.hpp"
 #include "overlay/read_back.hpp"
+#include "overlay/remarks.hpp"
 #include "overlay/words.hpp"
 
 namespace velk::input::amesp::overlay {
@@ -105,6 +106,7 @@ void change_line(Overlay& overlay, const SectionChange& change, const SectionEnt
             return false;
         }
         overlay.patch.replace(line_of(before), std::move(text));
+        say_lost_remark(overlay, before, after.value);
         return true;
     };
     if (replaced_by(with_value(line, value)) || replaced_by(with_equals(parts.indent, parts.key, value))) {
@@ -168,6 +170,7 @@ void lay_entries(Overlay& overlay, const SectionChange& change) {
     for (std::size_t i = 0; i < removed.size(); ++i) {
         if (removed[i]) {
             overlay.patch.drop(line_of(before[i]));
+            say_lost_remark(overlay, before[i], {});
         }
     }
     std::optional<LineStyle> style;

@@ -1,11 +1,14 @@
 // '>' lines.
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "model/geometry_names.hpp"
 #include "model/numbers.hpp"
+#include "overlay/atom_lines.hpp"
 #include "overlay/overlay.hpp"
 #include "overlay/read_back.hpp"
+#include "overlay/units.hpp"
 #include "overlay/words.hpp"
 
 namespace velk::input::amesp::overlay {
@@ -33,15 +36,48 @@ bool has_numbers(const InputSchema& schema, const Section& section) {
     return section.charge && section.multiplicity && schema.canonical_section(section.name) == xyz_section;
 }
 
+// What a new geometry takes over from the header of the old one: the words after charge and multiplicity, when both had
+// them in the same place.
+Words kept_words(const Overlay& overlay, const Section& before) {
+    const bool has_place = overlay.schema.canonical_section(before.name) == xyz_section;
+    return overlay.drop_header_words || !has_place ? Words() : before.arguments;
+}
+
+bool same_atoms(const Section& a, const Section& b) {
+    return std::equal(a.atoms.begin(), a.atoms.end(), b.atoms.begin(), b.atoms.end(), same_atom);
+}
+
+// The header has room for charge, multiplicity and the words that stay; other words of the old one go.
+void say_what_becomes_of_words(Overlay& overlay, const SectionChange& change, const Words& wanted) {
+    constexpr std::size_t numbers = 2;
+    std::string gone;
+    for (std::size_t i = 0; i < change.before.arguments.size(); ++i) {
+        const std::string& word = change.before.arguments[i];
+        const bool stays = i < numbers ? read_int32(word).has_value() : i < wanted.size();
+        gone += stays ? "" : (gone.empty() ? "" : " ") + word;
+    }
+    if (!gone.empty()) {
+        overlay.problems.dropped_words(
+            "The words '" + gone + "' of the header of section '>" + change.before.name + "' go",
+            change.before.location);
+    }
+    for (std::size_t i = numbers; i < wanted.size(); ++i) {
+        if (names_other_unit(wanted[i]) && !same_atoms(change.before, change.after)) {
+            overlay.problems.kept_unit(change.before, wanted[i]);
+        }
+    }
+}
+
 // Of a section that stays, what was changed speaks: charge and multiplicity, or the arguments.
-Words wanted_arguments(const InputSchema& schema, const SectionChange& change) {
+Words wanted_arguments(const Overlay& overlay, const SectionChange& change) {
+    const InputSchema& schema = overlay.schema;
     const Section& after = change.after;
     const bool numbers_changed =
         after.charge != change.before.charge || after.multiplicity != change.before.multiplicity;
     if (!has_numbers(schema, after) || (!change.replaced && !numbers_changed)) {
         return after.arguments;
     }
-    return with_numbers(after, change.replaced ? Words() : after.arguments);
+    return with_numbers(after, change.replaced ? kept_words(overlay, change.before) : after.arguments);
 }
 
 bool reads_as(const InputSchema& schema, std::string_view header, std::string_view name, const Words& arguments) {
@@ -65,7 +101,10 @@ std::string header_line(const Overlay& overlay, const Section& section) {
 std::string lay_header(Overlay& overlay, const SectionChange& change) {
     const InputSchema& schema = overlay.schema;
     const std::string_view line = overlay.lines.raw(change.extent.header);
-    Words wanted = wanted_arguments(schema, change);
+    Words wanted = wanted_arguments(overlay, change);
+    if (change.replaced) {
+        say_what_becomes_of_words(overlay, change, wanted);
+    }
     if (change.before.name == change.after.name && change.before.arguments == wanted) {
         return std::string(line);
     }

@@ -20,6 +20,7 @@ namespace velk::input::amesp::overlay {
 struct Overlay {
     const InputSchema& schema;
     bool preserve_unknown;
+    bool drop_header_words;
     const LineTable& lines;
     Patch& patch;
     Problems& problems;

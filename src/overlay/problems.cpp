@@ -1,4 +1,4 @@
-// What cannot be laid over a text.
+// What cannot be laid over a text, and what goes unasked.
 #include "overlay/problems.hpp"
 
 #include <velk/input/amesp/codes.hpp>
@@ -22,6 +22,18 @@ void Problems::not_of_this_text(std::string_view what, const std::optional<Sourc
     issues_.push_back(error(codes::not_of_this_text,
                             std::string(what) + " does not agree with the text to change; the text was left as it was.",
                             location));
+}
+
+void Problems::dropped_words(std::string_view what, const std::optional<SourceLocation>& location) {
+    issues_.push_back(
+        {IssueSeverity::Warning, std::string(codes::dropped_words), std::string(what) + " with it.", location});
+}
+
+void Problems::kept_unit(const Section& section, std::string_view word) {
+    issues_.push_back({IssueSeverity::Warning, std::string(codes::kept_unit),
+                       "The header of section '>" + section.name + "' keeps the word '" + std::string(word) +
+                           "', which names another unit than angstrom; the new coordinates are read in it.",
+                       section.location});
 }
 
 }  // namespace velk::input::amesp::overlay

@@ -1,4 +1,4 @@
-// What cannot be laid over a text: the codes and the wording.
+// What cannot be laid over a text, and what goes unasked: the codes and the wording.
 #pragma once
 
 #include <optional>
@@ -19,6 +19,12 @@ public:
     // `what` does not agree with the text: it was read from another one, moved, or changed in a way that no editing
     // operation offers.
     void not_of_this_text(std::string_view what, const std::optional<SourceLocation>& location);
+
+    // Bytes of the text that an edit takes along although it does not name them; `what` says what goes, "The words 'x'
+    // of ... go".
+    void dropped_words(std::string_view what, const std::optional<SourceLocation>& location);
+    // A header of a new geometry keeps the name of another unit than angstrom.
+    void kept_unit(const Section& section, std::string_view word);
 
     std::vector<ValidationIssue> take() { return std::move(issues_); }
 

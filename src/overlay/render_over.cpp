@@ -39,11 +39,15 @@ void close_open_section(Overlay& overlay) {
 }  // namespace
 
 OverlayResult AIPEditor::render_over(std::string_view original, bool preserve_unknown) const {
-    const AIPData before = read_document(original, schema_, preserve_unknown);
+    return render_over(original, OverlayOptions{preserve_unknown, false});
+}
+
+OverlayResult AIPEditor::render_over(std::string_view original, const OverlayOptions& options) const {
+    const AIPData before = read_document(original, schema_, options.preserve_unknown);
     const LineTable lines(original);
     Patch patch(lines);
     overlay::Problems problems;
-    Overlay overlay{schema_, preserve_unknown, lines, patch, problems};
+    Overlay overlay{schema_, options.preserve_unknown, options.drop_header_words, lines, patch, problems};
     check_comments(overlay, before, data_);
     lay_directives(overlay, before, data_);
     lay_method_tokens(overlay, before, data_);

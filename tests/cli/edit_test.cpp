@@ -254,6 +254,34 @@ TEST(Geom, TakesAGeometryOutAndPutsOneIn) {
     EXPECT_EQ(run({"geom", dir / "a.inp"}).status, 2);
 }
 
+TEST(Geom, KeepsTheWordsOfTheHeaderAndRefusesThoseOfAnotherUnit) {
+    const TempDir dir;
+    write_file(dir / "new.xyz", "1\n\nNe 0 0 0.5\n");
+    const auto put_under = [&](const std::string& word, std::vector<std::string> options) {
+        write_file(dir / "a.inp", "! hf sto-3g\n>xyz 0 1 " + word + "\n  He 0 0 0\nend\n");
+        options.insert(options.begin(), {"geom", dir / "a.inp", "--from-xyz", dir / "new.xyz"});
+        return run(options);
+    };
+    EXPECT_THAT(put_under("angstrom", {}).out, HasSubstr(">xyz 0 1 angstrom\n  Ne 0 0 0.5000000000\nend\n"));
+    const ProgramRun refused = put_under("bohr", {});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.out, "");
+    EXPECT_THAT(refused.err, HasSubstr("error: The header of section '>xyz' keeps the word 'bohr'"));
+    EXPECT_THAT(refused.err, HasSubstr("(--force writes it all the same)"));
+    const ProgramRun forced = put_under("bohr", {"--force"});
+    EXPECT_EQ(forced.status, 0);
+    EXPECT_THAT(forced.out, HasSubstr(">xyz 0 1 bohr\n  Ne 0"));
+}
+
+TEST(Set, SaysThatARemarkGoesWithItsValueAndWritesAllTheSame) {
+    const TempDir dir;
+    write_file(dir / "a.inp", "% maxcore 2000 # MB\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n");
+    const ProgramRun set = run({"set", dir / "a.inp", "--directive", "maxcore=3000"});
+    EXPECT_EQ(set.status, 0);
+    EXPECT_THAT(set.out, testing::StartsWith("% maxcore 3000\n"));
+    EXPECT_THAT(set.err, HasSubstr(":1:1: warning: The remark '# MB' was part of the value and goes with it."));
+}
+
 struct XyzCase {
     std::string text;
     std::string error;

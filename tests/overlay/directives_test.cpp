@@ -39,6 +39,15 @@ TEST(DirectiveLines, GoWithTheirDirective) {
     });
 }
 
+TEST(DirectiveLines, SayThatARemarkGoesWithTheValue) {
+    const std::vector<std::string> said{"The remark '# MB' was part of the value and goes with it."};
+    expect_laid_over({
+        {"changed", "% maxcore 2000 # MB\n", set("maxcore", "3000"), "% maxcore 3000\n", said},
+        {"removed", "% maxcore 2000 # MB\n! hf\n", remove("maxcore"), "! hf\n", said},
+        {"none", "% maxcore 2000 MB\n! hf\n", remove("maxcore"), "! hf\n"},
+    });
+}
+
 TEST(DirectiveLines, AreAddedBehindTheLastOne) {
     expect_laid_over({
         {"behind the last", "% maxcore 1\n# c\n% nprocs 2\n# d\n! hf\n", set("title", "x"),

@@ -38,6 +38,34 @@ TEST(EntryLines, ChangeInTheBytesOfTheValueAlone) {
     });
 }
 
+TEST(EntryLines, SayThatARemarkGoesWithTheValue) {
+    const auto said = [](const std::string& remark) {
+        return std::vector{"The remark '" + remark + "' was part of the value and goes with it."};
+    };
+    expect_laid_over({
+        {"#", ">scf\n guess = a   # was b\nend\n", set("guess", "c"), ">scf\n guess = c\nend\n", said("# was b")},
+        {";", ">scf\n guess a ;b c\nend\n", set("guess", "c"), ">scf\n guess c\nend\n", said(";b c")},
+        {"//", ">scf\n guess a //\nend\n", set("guess", "c"), ">scf\n guess c\nend\n", said("//")},
+        {"alone", ">scf\n guess # a\nend\n", set("guess", "c"), ">scf\n guess c\nend\n", said("# a")},
+        {"another remark", ">scf\n guess a # b\nend\n", set("guess", "a # c"), ">scf\n guess a # c\nend\n",
+         said("# b")},
+        {"the new value has it", ">scf\n guess a  # b\nend\n", set("guess", "c # b"), ">scf\n guess c # b\nend\n"},
+        {"inside a word it begins none", ">scf\n guess a#b c/d e;\nend\n", set("guess", "c"), ">scf\n guess c\nend\n"},
+    });
+    const auto result = laid_over("\n>scf\n guess a # b\nend\n", set("guess", "c"));
+    ASSERT_EQ(result.problems.size(), 1U);
+    EXPECT_EQ(result.problems[0].severity, input::amesp::IssueSeverity::Warning);
+    EXPECT_EQ(result.problems[0].code, "amesp.dropped_words");
+    EXPECT_EQ(result.problems[0].location->line, 3U);
+}
+
+TEST(EntryLines, SayNothingOfARemarkInALineThatStays) {
+    const auto result = laid_over(">scf\n guess a # b\nend\n", set("guess", "c\nend"));
+    EXPECT_EQ(result.text, ">scf\n guess a # b\nend\n");
+    ASSERT_EQ(result.problems.size(), 1U);
+    EXPECT_EQ(result.problems[0].code, "amesp.not_expressible");
+}
+
 TEST(EntryLines, TakeAnEqualsSignWhereTheValueHoldsOne) {
     expect_laid_over({
         {"changed", ">scf\n  note   x\nend\n", set("note", "a=b"), ">scf\n  note = a=b\nend\n"},
@@ -49,7 +77,11 @@ TEST(EntryLines, TakeAnEqualsSignWhereTheValueHoldsOne) {
 
 TEST(EntryLines, GoWithTheirEntry) {
     expect_laid_over({
-        {"one", ">scf\n# a\n guess x # y\n\n conv 1\nend\n", remove("guess"), ">scf\n# a\n\n conv 1\nend\n"},
+        {"one",
+         ">scf\n# a\n guess x # y\n\n conv 1\nend\n",
+         remove("guess"),
+         ">scf\n# a\n\n conv 1\nend\n",
+         {"The remark '# y' was part of the value and goes with it."}},
         {"all of a name", ">scf\n maxiter 1\n conv 1\n maxcyc 2\nend\n", remove("maxcyc"), ">scf\n conv 1\nend\n"},
         {"the last", ">scf\n guess x\nend\n", remove("guess"), ">scf\nend\n"},
     });

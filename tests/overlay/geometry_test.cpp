@@ -15,6 +15,10 @@ AtomRecord atom(std::string symbol, double x, double y, double z) {
     return {std::move(symbol), x, y, z, "", {}};
 }
 
+std::string gone(const std::string& words) {
+    return "The words '" + words + "' after an atom of section '>xyz' go with it.";
+}
+
 Edit set(std::vector<AtomRecord> atoms, std::int32_t charge = 0, std::int32_t multiplicity = 1) {
     return [=](AIPEditor& editor) { editor.set_xyz_geometry(charge, multiplicity, atoms); };
 }
@@ -56,7 +60,7 @@ TEST(Geometry, KeepsTheLinesOfAtomsThatDidNotChange) {
         {"two that change places", water, set({o, h2, h1}), top + o_line + h2_line + h1_line + bottom},
         {"another order, and one that is new", water, set({h2, atom("He", 1, 2, 3), o}),
          top + "\n" + h2_line + "\tHe  1    2.0000  3.0000\n" + "  O   0.0  0.0  0.1173   the apex\n" + bottom},
-        {"none left", water, set({}), top + "\n" + bottom},
+        {"none left", water, set({}), top + "\n" + bottom, {gone("the apex")}},
     });
 }
 
@@ -101,7 +105,7 @@ TEST(Geometry, ChangesAtomsInTheirLinesBetweenThoseThatStay) {
     expect_laid_over({
         {"each", text, set({atom("C", 1.5, 0, 0), apex, second, base, third}),
          xyz("  C 1.5000000000 0 0  first\n" + rest)},
-        {"with one less in front", text, set({apex, second, base, third}), xyz(rest)},
+        {"with one less in front", text, set({apex, second, base, third}), xyz(rest), {gone("first")}},
     });
 }
 
@@ -147,6 +151,100 @@ TEST(Geometry, KeepsDecimalsAndColumnsOfACoordinateThatChanges) {
     }
 }
 
+TEST(Geometry, KeepsWordsAfterTheCoordinatesWithAnAtomOfTheSameSymbol) {
+    const std::string text = xyz("  H 1 0 0  one\n  O 5 0 0  two\n");
+    const AtomRecord h = atom("H", 1, 0, 0);
+    const AtomRecord o = atom("O", 5, 0, 0);
+    expect_laid_over({
+        {"moved", text, set({atom("H", 2, 0, 0), o}), xyz("  H 2 0 0  one\n  O 5 0 0  two\n")},
+        {"of another symbol", text, set({atom("D", 1, 0, 0), o}), xyz("  D 1 0 0\n  O 5 0 0  two\n"), {gone("one")}},
+        {"in another order", text, set({o, h}), xyz("  O 5 0 0  two\n  H 1 0 0  one\n")},
+        {"one takes its line along, one is lost",
+         text,
+         set({atom("N", 7, 0, 0), h}),
+         xyz("  N 7 0 0\n  H 1 0 0  one\n"),
+         {gone("two")}},
+        {"all gone", text, set({}), xyz(""), {gone("one"), gone("two")}},
+        {"not written, so not gone",
+         text,
+         set({atom("", 1, 0, 0), o}),
+         text,
+         {"Atom 1 of section '>xyz' cannot be written so that it reads back as itself; it was not written."}},
+    });
+    const auto result = laid_over(text, set({h}));
+    ASSERT_EQ(result.problems.size(), 1U);
+    EXPECT_EQ(result.problems[0].severity, input::amesp::IssueSeverity::Warning);
+    EXPECT_EQ(result.problems[0].code, "amesp.dropped_words");
+    EXPECT_EQ(result.problems[0].location->line, 3U);
+}
+
+TEST(Geometry, KeepsTheWordsAfterChargeAndMultiplicity) {
+    const std::vector<AtomRecord> he{atom("He", 0, 0, 0)};
+    const auto lost = [](const std::string& words, const std::string& section = "xyz") {
+        return "The words '" + words + "' of the header of section '>" + section + "' go with it.";
+    };
+    expect_laid_over({
+        {"words", ">XYZ  -1 1  Angstrom  x\nH 0 0 0\nend\n", set(he), ">XYZ  0 1  Angstrom  x\nHe 0 0 0\nend\n"},
+        {"one word that is no charge",
+         ">xyz bohr\nH 0 0 0\nend\n",
+         set(he),
+         ">xyz 0 1\nHe 0 0 0\nend\n",
+         {lost("bohr")}},
+        {"two that are none", ">xyz 0.5 x y\nH 0 0 0\nend\n", set(he), ">xyz 0 1 y\nHe 0 0 0\nend\n", {lost("0.5 x")}},
+        {"of internal coordinates",
+         ">zmat 0 1 x y\nH\nend\n",
+         set(he),
+         ">xyz 0 1\n  He 0.0000000000 0.0000000000 0.0000000000\nend\n",
+         {lost("x y", "zmat")}},
+        {"new arguments of a new section",
+         ">xyz 0 1 x\nHe 0 0 0\nend\n",
+         [](AIPEditor& editor) {
+             editor.remove_section("xyz");
+             editor.upsert_section("xyz", {"0", "1"}).atoms = {atom("He", 0, 0, 0)};
+         },
+         ">xyz 0 1\nHe 0 0 0\nend\n",
+         {lost("x")}},
+        {"a unit, the same atoms", ">xyz 0 1 bohr\nHe 0 0 0\nend\n", set(he), ">xyz 0 1 bohr\nHe 0 0 0\nend\n"},
+        {"a unit, other atoms",
+         ">xyz 0 1 bohr\nH 0 0 0\nend\n",
+         set(he),
+         ">xyz 0 1 bohr\nHe 0 0 0\nend\n",
+         {"The header of section '>xyz' keeps the word 'bohr', which names another unit than angstrom; the new "
+          "coordinates are read in it."}},
+    });
+}
+
+TEST(Geometry, DropsTheWordsOfTheHeaderWhenAsked) {
+    const std::string text = ">xyz -1 1 bohr x\nH 0 0 0\nend\n";
+    AIPEditor editor(input::amesp::AIPParser::parse_string(text, overlay_schema(), {true, false}).data,
+                     overlay_schema());
+    editor.set_xyz_geometry(0, 1, {atom("He", 0, 0, 0)});
+    const auto result = editor.render_over(text, {.preserve_unknown = true, .drop_header_words = true});
+    EXPECT_EQ(result.text, ">xyz 0 1\nHe 0 0 0\nend\n");
+    ASSERT_EQ(result.problems.size(), 1U);
+    EXPECT_EQ(result.problems[0].code, "amesp.dropped_words");
+    EXPECT_EQ(result.problems[0].severity, input::amesp::IssueSeverity::Warning);
+    EXPECT_EQ(result.problems[0].location->line, 1U);
+}
+
+TEST(Geometry, KnowsWordsThatNameAnotherUnitThanAngstrom) {
+    const auto kept_unit = [](const std::string& word) {
+        const auto result = laid_over(">xyz 0 1 " + word + "\nH 0 0 0\nend\n", set({atom("He", 0, 0, 0)}));
+        EXPECT_LE(result.problems.size(), 1U);
+        return !result.problems.empty() && result.problems[0].code == "amesp.kept_unit" &&
+               result.problems[0].severity == input::amesp::IssueSeverity::Warning &&
+               result.problems[0].location->line == 1;
+    };
+    for (const char* const word : {"bohr", "BOHR", "au", "a.u.", "A.U", "nm", "Pm", "unit=bohr", "units:au", "(Bohr)",
+                                   "[nm],", "\"pm\"", "=a0;"}) {
+        EXPECT_TRUE(kept_unit(word)) << word;
+    }
+    for (const char* const word :
+         {"angstrom", "Ang", "\xc3\x85", "bohrium", "boh", "nosym", "5", "=", "()", "bohr=angs"}) {
+        EXPECT_FALSE(kept_unit(word)) << word;
+    }
+}
+
 TEST(Geometry, LaysANewAtomOutAsTheOthers) {
     const auto added = [](const std::string& name, const std::string& lines, std::vector<AtomRecord> atoms,
                           const std::string& line) {
@@ -182,7 +280,11 @@ TEST(Geometry, LeavesEveryLineToItsAtomAmongEqualOnes) {
     expect_laid_over({
         {"the first stays", xyz(one + two + o), set({h_atom, o_atom, h_atom}), xyz(one + o + two)},
         {"both move", xyz(one + two + o + n), set({o_atom, n_atom, h_atom, h_atom}), xyz(o + n + one + two)},
-        {"another becomes equal to one that stays", xyz(o + n), set({o_atom, o_atom}), xyz(o + "  O 5 0 0  base\n")},
+        {"another becomes equal to one that stays",
+         xyz(o + n),
+         set({o_atom, o_atom}),
+         xyz(o + "  O 5 0 0\n"),
+         {gone("base")}},
     });
 }
 
@@ -192,7 +294,6 @@ TEST(Geometry, StandsWhereTheFirstOldOneStood) {
     expect_laid_over({
         {"charge", ">xyz  0   1\nHe 0 0 0\nend\n", set(he, 1, 2), ">xyz  1   2\nHe 0 0 0\nend\n"},
         {"no header words", ">XYZ\nHe 0 0 0\nend\n", set(he, 1, 2), ">XYZ 1 2\nHe 0 0 0\nend\n"},
-        {"too many header words", ">xyz 0 1 bohr\nHe 0 0 0\nend\n", set(he), ">xyz 0 1\nHe 0 0 0\nend\n"},
         {"an alias stays", ">Geometry 0 1\nH 0 0 0\nend\n", set(he), ">Geometry 0 1\nHe 0 0 0\nend\n"},
         {"internal coordinates", "# a\n>zmat 0 1\n# b\nH\nH 1 0.7\n\nend\n# c\n", set(he),
          "# a\n>xyz 0 1\n# b\n" + line + "\nend\n# c\n"},
@@ -228,9 +329,11 @@ TEST(Geometry, WritesCoordinatesThatReadBackAsTheSameNumber) {
 
 TEST(Geometry, WritesAnAtomAnewInThePlaceOfOneThatTakesItsLineAlong) {
     expect_laid_over({
-        {"", ">xyz 0 1\n  P 1 0 0  the p\n  S 2 0 0\n  T 3 0 0\n  B 4 0 0  the b\nend\n",
+        {"",
+         ">xyz 0 1\n  P 1 0 0  the p\n  S 2 0 0\n  T 3 0 0\n  B 4 0 0  the b\nend\n",
          set({atom("X", 9, 0, 0), atom("S", 2, 0, 0), atom("T", 3, 0, 0), atom("P", 1, 0, 0)}),
-         ">xyz 0 1\n  X 9 0 0\n  S 2 0 0\n  T 3 0 0\n  P 1 0 0  the p\nend\n"},
+         ">xyz 0 1\n  X 9 0 0\n  S 2 0 0\n  T 3 0 0\n  P 1 0 0  the p\nend\n",
+         {gone("the b")}},
     });
 }
 

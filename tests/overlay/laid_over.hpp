@@ -28,6 +28,7 @@ struct OverlayCase {
     std::string text;
     Edit edit;
     std::string expected;
+    std::vector<std::string> said = {};  // the messages of the problems
 };
 
 inline void expect_laid_over(const std::vector<OverlayCase>& cases) {
@@ -35,9 +36,11 @@ inline void expect_laid_over(const std::vector<OverlayCase>& cases) {
         SCOPED_TRACE(c.name);
         const auto result = laid_over(c.text, c.edit);
         EXPECT_EQ(result.text, c.expected);
+        std::vector<std::string> said;
         for (const auto& problem : result.problems) {
-            ADD_FAILURE() << problem.message;
+            said.push_back(problem.message);
         }
+        EXPECT_EQ(said, c.said);
     }
 }
 

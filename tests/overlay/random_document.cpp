@@ -76,6 +76,9 @@ private:
         for (std::size_t i = geometry ? 0 : random_.below(4); i < 2; ++i) {
             header += gap() + std::to_string(random_.below(3));
         }
+        if (random_.one_in(4)) {
+            header += gap() + random_.of(Words{"angstrom", "Bohr", "x  y"});
+        }
         add(header + blanks());
         const std::size_t count = random_.below(7);
         for (std::size_t i = 0; i < count; ++i) {

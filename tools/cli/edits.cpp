@@ -176,7 +176,9 @@ namespace {
 std::vector<Finding> not_written(const OverlayResult& result) {
     std::vector<Finding> findings;
     for (const ValidationIssue& problem : result.problems) {
-        findings.push_back({problem.severity,
+        // Coordinates that the program puts in are in angstrom.
+        const bool in_other_unit = problem.code == codes::kept_unit;
+        findings.push_back({in_other_unit ? IssueSeverity::Error : problem.severity,
                             problem.code,
                             problem.message,
                             problem.location.value_or(SourceLocation{0, 0, 0}),
@@ -184,6 +186,11 @@ std::vector<Finding> not_written(const OverlayResult& result) {
                             {}});
     }
     return findings;
+}
+
+bool lacks_a_record(const OverlayResult& result) {
+    return std::any_of(result.problems.begin(), result.problems.end(),
+                       [](const ValidationIssue& problem) { return problem.severity == IssueSeverity::Error; });
 }
 
 // The text before is looked at only when there is something to say of the text after.
@@ -208,7 +215,7 @@ int finish_edit(const EditOutput& output, const Input& input, const std::string&
     OverlayResult laid_over = output.canonical ? OverlayResult() : editor.render_over(before);
     const std::string after = output.canonical ? editor.render() : std::move(laid_over.text);
     const std::vector<Finding> lost = output.canonical ? inexpressible(editor, before, after) : not_written(laid_over);
-    const bool hopeless = output.canonical ? cannot_be_forced(lost) : !lost.empty();
+    const bool hopeless = output.canonical ? cannot_be_forced(lost) : lacks_a_record(laid_over);
     // What is lost has its place in the text before, findings have theirs in the text that would be written.
     const bool loses = report_findings(output, input, before, lost);
     const bool refused = report_findings(output, input, after, new_findings(before, after, editor.schema())) || loses;

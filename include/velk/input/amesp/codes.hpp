@@ -32,6 +32,7 @@ VELK_AMESP_INP_EXPORT const CodeInfo* find_code(std::string_view code);
 // What validation, the parser and editing in place say.
 namespace codes {
 
+inline constexpr std::string_view dropped_words = "amesp.dropped_words";
 inline constexpr std::string_view duplicate_section = "amesp.duplicate_section";
 inline constexpr std::string_view empty_directive = "amesp.empty_directive";
 inline constexpr std::string_view empty_geometry = "amesp.empty_geometry";
@@ -42,6 +43,7 @@ inline constexpr std::string_view invalid_section_entry = "amesp.invalid_section
 inline constexpr std::string_view invalid_value = "amesp.invalid_value";
 inline constexpr std::string_view invalid_xyz_header = "amesp.invalid_xyz_header";
 inline constexpr std::string_view invalid_xyz_record = "amesp.invalid_xyz_record";
+inline constexpr std::string_view kept_unit = "amesp.kept_unit";
 inline constexpr std::string_view loose_line = "amesp.loose_line";
 inline constexpr std::string_view missing_geometry = "amesp.missing_geometry";
 inline constexpr std::string_view missing_method_line = "amesp.missing_method_line";

@@ -13,11 +13,20 @@
 
 namespace velk::input::amesp {
 
+// How a document is laid over a text.
+struct OverlayOptions {
+    bool preserve_unknown = true;    // the document was read with that
+    bool drop_header_words = false;  // a new geometry does not take over the words after charge and multiplicity
+};
+
 // What `AIPEditor::render_over` returns.
 struct OverlayResult {
     std::string text;
-    // What was not written, all of error severity: "amesp.not_expressible" for a record that no line reads back as,
-    // "amesp.not_of_this_text" for a list that does not go with the text. Empty when the text holds the document.
+    // Of error severity what was not written: "amesp.not_expressible" for a record that no line reads back as,
+    // "amesp.not_of_this_text" for a list that does not go with the text. Without one the text holds the document.
+    // Warnings: "amesp.dropped_words" for words of the text that went although no record of the document holds them, or
+    // as the remark of a value; "amesp.kept_unit" for a word that stays in the header of a new geometry and names
+    // another unit than angstrom, when the atoms are not those of before. What is right then, the caller must know.
     std::vector<ValidationIssue> problems;
 };
 
@@ -73,10 +82,13 @@ public:
     //   comments or kept lines) are reported, and left alone likewise.
     // - A missing last "end" or line end is added when something has to follow it; the "end" also when the section was
     //   set to be terminated. Added lines end like the line before them.
+    // - A new geometry takes over the words after charge and multiplicity in the header of the old one, if that was
+    //   "xyz", too; words after the coordinates stay with an atom of the same symbol.
     // - Of an "xyz" section that stays, charge and multiplicity speak when they were changed, else the arguments.
     //
     // Throws nothing but std::bad_alloc. Time and memory are proportional to the text: about one parse and a copy.
     VELK_AMESP_INP_EXPORT OverlayResult render_over(std::string_view original, bool preserve_unknown = true) const;
+    VELK_AMESP_INP_EXPORT OverlayResult render_over(std::string_view original, const OverlayOptions& options) const;
 
     // Updates the first directive of that name or appends one. An empty value is stored as such.
     VELK_AMESP_INP_EXPORT void set_directive(std::string name, std::string value);
