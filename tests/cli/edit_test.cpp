@@ -234,7 +234,7 @@ TEST(Set, WritesWhereItIsTold) {
                 HasSubstr("-% maxcore 2000\n+% maxcore 5\n"));
     const ProgramRun failed = run({"set", dir / "a.inp", "--directive", "mem=5", "-o", dir / "missing/b.inp"});
     EXPECT_EQ(failed.status, 2);
-    EXPECT_EQ(failed.err, "amesp-inp: cannot write '" + (dir / "missing/b.inp") + "'\n");
+    EXPECT_EQ(failed.err, "amesp-inp: cannot write '" + (dir / "missing/b.inp") + "': No such file or directory\n");
     EXPECT_EQ(dir.entry_count(), 2U);
 }
 

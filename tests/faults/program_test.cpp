@@ -151,7 +151,7 @@ TEST(InPlace, WritingLeavesAFileInAReadOnlyDirectoryAsItIs) {
             GTEST_SKIP() << "root cannot give up its rights here";
         }
         EXPECT_EQ(run.status, 2);
-        EXPECT_THAT(run.err, HasSubstr("cannot write '" + (dir / "f.inp") + "'"));
+        EXPECT_THAT(run.err, HasSubstr("cannot write '" + (dir / "f.inp") + "': Permission denied\n"));
         EXPECT_EQ(read_file(dir / "f.inp"), untidy);
         EXPECT_EQ(dir.entry_count(), 1U);
     }
@@ -160,6 +160,29 @@ TEST(InPlace, WritingLeavesAFileInAReadOnlyDirectoryAsItIs) {
     EXPECT_EQ(library.status, 1);
     EXPECT_EQ(library.err, "failed to write AMESP input file '" + (dir / "f.inp") + "'\n");
     EXPECT_EQ(read_file(dir / "f.inp"), untidy);
+}
+
+TEST(InPlace, WritingInADirectoryThatMayNotBeReadWarnsAndSucceeds) {
+    const TempDir dir;
+    const Closed closed(dir.path(), 0300);
+    const std::vector<std::vector<std::string>> commands = {
+        {"fmt", "--schema", starter, "-i", dir / "f.inp"},
+        {"check", "--quiet", "--schema", starter, "--fix", "--canonical", dir / "f.inp"}};
+    for (const std::vector<std::string>& command : commands) {
+        write_file(dir / "f.inp", "! HF sto-3g\n>xyz 0 1\nHe 0 0 0\n");
+        const ProgramRun run = run_program(command, {.obeys_permissions = true});
+        if (run.status == cannot_obey_permissions) {
+            GTEST_SKIP() << "root cannot give up its rights here";
+        }
+        EXPECT_EQ(run.status, 0);
+        EXPECT_THAT(run.err, EndsWith("amesp-inp: warning: '" + (dir / "f.inp") +
+                                      "' is written, but its directory could not be synced: Permission denied\n"));
+        EXPECT_EQ(read_file(dir / "f.inp"), good);
+    }
+    const ProgramRun library =
+        run_program({dir / "f.inp"}, {.program = WRITE_DOCUMENT_PROGRAM, .obeys_permissions = true});
+    EXPECT_EQ(library.status, 0) << library.err;
+    EXPECT_EQ(read_file(dir / "f.inp"), "! hf\n");
 }
 
 }  // namespace

@@ -148,8 +148,10 @@ void add(Totals& totals, const FileReport& report) {
 
 // Findings make room on standard output for the text of a patch.
 void print_report(const FileReport& report, const FileCheck& check, bool is_first) {
-    if (!report.trouble.empty()) {
-        complain(report.trouble);
+    for (const std::string* const message : {&report.warning, &report.trouble}) {
+        if (!message->empty()) {
+            complain(*message);
+        }
     }
     print(report.diff);
     if (check.diff) {
@@ -181,7 +183,8 @@ int run_check(const CheckOptions& options) {
         inputs.size(), worker_count(options, inputs.size()),
         [&](std::size_t i) { return check_file(inputs[i], schema, check); },
         [&](const FileReport& report) {
-            if (!report.trouble.empty() || !report.findings.empty() || !report.diff.empty()) {
+            if (!report.warning.empty() || !report.trouble.empty() || !report.findings.empty() ||
+                !report.diff.empty()) {
                 progress.clear();
                 print_report(report, check, totals.files == 0);
             }

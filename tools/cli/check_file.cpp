@@ -6,9 +6,9 @@
 #include <velk/input/amesp/editor.hpp>
 #include <velk/input/amesp/parser.hpp>
 
-#include "edit_output.hpp"
 #include "findings.hpp"
 #include "json_report.hpp"
+#include "output_file.hpp"
 #include "rendering_changes.hpp"
 #include "text_report.hpp"
 #include "unified_diff.hpp"
@@ -39,9 +39,7 @@ void fix(const Input& input, const InputSchema& schema, const FileCheck& check, 
     if (check.diff) {
         report.diff = unified_diff(text, better, input.name);
     } else {
-        EditOutput in_place;
-        in_place.in_place = true;
-        deliver(in_place, input, text, better);
+        report.warning = write_output_file(input.path, better);
     }
     text = std::move(better);
     report.fixed = true;

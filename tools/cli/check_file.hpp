@@ -23,6 +23,7 @@ struct FileCheck {
 struct FileReport {
     std::string findings;
     std::string diff;
+    std::string warning;  // of a file that was written
     std::string trouble;  // why the file could not be read or written; empty if it could
     bool unreadable = false;
     bool fixed = false;

@@ -5,8 +5,8 @@
 
 #include <cstdio>
 #include <functional>
-#include <velk/core/fs.hpp>
 
+#include "output_file.hpp"
 #include "text_report.hpp"
 #include "unified_diff.hpp"
 #include "usage_error.hpp"
@@ -15,8 +15,8 @@ namespace amesp_inp {
 namespace {
 
 void write(const std::string& path, const std::string& text) {
-    if (!velk::core::fs::write_text_file_atomic(path, text)) {
-        throw std::runtime_error("cannot write '" + path + "'");
+    if (const std::string warning = write_output_file(path, text); !warning.empty()) {
+        complain(warning);
     }
 }
 

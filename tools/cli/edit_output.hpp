@@ -25,7 +25,7 @@ struct EditOutput {
 };
 
 // Prints the text, its difference, or writes it atomically, as asked; a file that would not change is not written.
-// Throws std::runtime_error, "cannot write 'NAME'", when that fails.
+// Throws std::runtime_error, "cannot write 'NAME': REASON".
 void deliver(const EditOutput& output, const Input& input, std::string_view before, const std::string& after);
 
 // Texts of several files one after the other are no input: throws UsageError where they would be printed.

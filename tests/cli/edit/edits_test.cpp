@@ -135,10 +135,13 @@ TEST(Set, WritesAnotherFileOrShowsTheDifference) {
 TEST(Set, FailsOnWhatCannotBeWritten) {
     const TempDir dir;
     write_file(dir / "a.inp", water);
-    for (const std::string& target : {dir / "none/b.inp", dir.path(), std::string("/dev/full")}) {
+    const std::vector<std::pair<std::string, std::string>> cases = {{dir / "none/b.inp", "No such file or directory"},
+                                                                    {dir.path(), "Is a directory"},
+                                                                    {"/dev/full", "Not a regular file"}};
+    for (const auto& [target, reason] : cases) {
         const ProgramRun run = run_edit({"set", dir / "a.inp", "--directive", "maxcore=1", "-o", target});
         EXPECT_EQ(run.status, 2) << target;
-        EXPECT_THAT(run.err, HasSubstr("cannot write '" + target + "'"));
+        EXPECT_EQ(run.err, "amesp-inp: cannot write '" + target + "': " + reason + "\n");
     }
     EXPECT_EQ(dir.entry_count(), 1U);
 }

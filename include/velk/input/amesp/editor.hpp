@@ -63,7 +63,8 @@ public:
     // the end. The same document and schema always give the same bytes. Validates nothing.
     VELK_AMESP_INP_EXPORT std::string render() const;
     // Renders and replaces the file at `path` atomically. Throws std::runtime_error, beginning "failed to write AMESP
-    // input file '", when that fails; the file is then as it was.
+    // input file '", when that fails; the file is then as it was. Once the
+    // file holds the new text that is no failure any more, also when its directory cannot be synced.
     VELK_AMESP_INP_EXPORT void write_file(const std::string& path) const;
 
     // `original` with the differences of the document applied, and every other byte as it was. The document must have
