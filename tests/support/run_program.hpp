@@ -27,7 +27,8 @@ struct RunOptions {
     std::string directory = {};  // to run in
     std::vector<std::string> environment = {};  // "NAME=VALUE" each
     std::string program = AMESP_INP_PROGRAM;
-    int input_descriptor = -1;       // standard input, when it shall be something else than a file
+    int input_descriptor = -1;  // standard input, when it shall be something else than a file
+    std::vector<int> closed_streams = {};
     bool obeys_permissions = false;  // also when the tests run as root
 };
 
@@ -69,6 +70,9 @@ inline ProgramRun run_program(const std::vector<std::string>& arguments, const R
         ::dup2(options.input_descriptor >= 0 ? options.input_descriptor : ::open((dir / "in").c_str(), O_RDONLY), 0);
         ::dup2(::open(out_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), 1);
         ::dup2(::open((dir / "err").c_str(), O_WRONLY | O_CREAT, 0600), 2);
+        for (const int stream : options.closed_streams) {
+            ::close(stream);
+        }
         if (options.obeys_permissions && !obey_permissions()) {
             ::_exit(cannot_obey_permissions);
         }

@@ -4,9 +4,14 @@
 #include "command_line.hpp"
 #include "exit_status.hpp"
 #include "output.hpp"
+#include "standard_streams.hpp"
 
 int main(int argc, char** argv) {
     using namespace amesp_inp;
+    if (!hold_standard_streams()) {
+        complain("a standard stream is closed, and /dev/null cannot be opened");
+        return exit_trouble;
+    }
     int status = exit_trouble;
     try {
         status = read_command_line(argc, argv)();
@@ -19,5 +24,5 @@ int main(int argc, char** argv) {
         complain("cannot write to standard output");
         return exit_trouble;
     }
-    return status;
+    return messages_are_written() ? status : exit_trouble;
 }

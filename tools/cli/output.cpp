@@ -77,6 +77,10 @@ bool flush_output() {
     return std::cout.good();
 }
 
+bool messages_are_written() {
+    return std::ferror(stderr) == 0;
+}
+
 void complain(std::string_view message) {
     complain(message, Layout::none);
 }

@@ -17,6 +17,9 @@ void print_styled(std::string_view text);
 // False when anything printed so far could not be written.
 bool flush_output();
 
+// False when anything said on standard error so far could not be written.
+bool messages_are_written();
+
 // One line on standard error: "amesp-inp: MESSAGE". Its line feeds, which come from names and files, are not printed.
 void complain(std::string_view message);
 
