@@ -4,13 +4,8 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
-#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
-#include <exception>
-#include <mutex>
-#include <optional>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -25,6 +20,7 @@
 #include "progress.hpp"
 #include "text_report.hpp"
 #include "usage_error.hpp"
+#include "workers.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -46,40 +42,6 @@ unsigned worker_count(const CheckOptions& options, std::size_t files) {
         return 1;
     }
     return options.threads != 0 ? options.threads : std::max(1U, std::thread::hardware_concurrency());
-}
-
-// Runs `make(i)` for every i below `count` on several threads and `use` on the results, in order, on this one.
-template <class Make, class Use>
-void in_order(std::size_t count, unsigned threads, Make make, Use use) {
-    if (threads <= 1) {
-        for (std::size_t i = 0; i < count; ++i) {
-            use(make(i));
-        }
-        return;
-    }
-    std::vector<std::optional<FileReport>> results(count);
-    std::mutex mutex;
-    std::condition_variable ready;
-    std::atomic<std::size_t> next = 0;
-    std::vector<std::jthread> workers;
-    for (unsigned worker = 0; worker < std::min<std::size_t>(threads, count); ++worker) {
-        workers.emplace_back([&] {
-            for (std::size_t i = next++; i < count; i = next++) {
-                FileReport result = make(i);
-                const std::lock_guard lock(mutex);
-                results[i] = std::move(result);
-                ready.notify_one();
-            }
-        });
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-        std::unique_lock lock(mutex);
-        ready.wait(lock, [&] { return results[i].has_value(); });
-        FileReport result = std::move(*results[i]);
-        results[i].emplace();
-        lock.unlock();
-        use(std::move(result));
-    }
 }
 
 std::string counted(std::size_t count, const char* noun) {
