@@ -83,6 +83,7 @@ FileCheck file_check(const CheckOptions& options) {
         check.fixes = options.fix == "all" ? Fixes::all : Fixes::certain;
     }
     check.diff = options.diff;
+    check.force = options.force;
     check.canonical = options.canonical;
     check.json = options.format == "json";
     check.color = !check.json && use_color(options.color, STDOUT_FILENO);

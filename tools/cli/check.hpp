@@ -16,6 +16,7 @@ struct CheckOptions {
     std::string color = "auto";
     std::string fix;  // empty, "certain" or "all"
     bool diff = false;
+    bool force = false;
     bool canonical = false;
     bool quiet = false;
     unsigned threads = 0;  // as many as there are processors

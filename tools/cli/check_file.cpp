@@ -39,7 +39,7 @@ void fix(const Input& input, const InputSchema& schema, const FileCheck& check, 
     if (check.diff) {
         report.diff = unified_diff(text, better, input.name);
     } else {
-        report.warning = write_output_file(input.path, better);
+        report.warning = write_output_file(input.path, better, check.force);
     }
     text = std::move(better);
     report.fixed = true;

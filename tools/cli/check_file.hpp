@@ -14,6 +14,7 @@ namespace amesp_inp {
 struct FileCheck {
     std::optional<Fixes> fixes;  // to be made before the file is checked
     bool diff = false;           // show the fixes and leave the file as it is
+    bool force = false;          // write over a guarded file
     bool canonical = false;      // write a fixed file in canonical form
     bool json = false;
     bool color = false;

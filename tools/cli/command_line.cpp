@@ -93,7 +93,8 @@ CLI::Option* add_diff_option(CLI::App& verb, bool& diff, const char* help) {
 void add_edit_options(CLI::App& verb, EditOutput& output) {
     add_finding_options(verb, output);
     verb.add_flag("-i,--in-place", output.in_place, "Rewrite the files");
-    verb.add_flag("--force", output.force, "Write also where content is lost or the input becomes invalid");
+    verb.add_flag("--force", output.force,
+                  "Write also where content is lost, the input becomes invalid or the file is guarded");
 }
 
 CLI::Option* add_canonical_option(CLI::App& verb, bool& canonical) {
@@ -192,6 +193,8 @@ void add_check(CLI::App& verb, Run& run) {
                     "Print the fixes, for patch -p1, and write nothing; findings go to standard error")
         ->needs(fix)
         ->excludes(format);
+    verb.add_flag("--force", options->force, "Fix also a file that is write-protected or has several hard links")
+        ->needs(fix);
     add_canonical_option(verb, options->canonical)->needs(fix);
     verb.add_flag("-q,--quiet", options->quiet, "No summary and no progress bar");
     verb.add_option("-j,--jobs", options->threads, "Worker threads (default: the number of processors)")
@@ -303,7 +306,8 @@ void add_new(CLI::App& verb, Run& run) {
     verb.add_option("-o,--output", options->output.path, "Write to this file (default: standard output)")
         ->type_name("OUT");
     add_diff_option(verb, options->output.diff, "Print the new file as a difference, for patch -p1, and write nothing");
-    verb.add_flag("--force", options->output.force, "Write also an input that is not valid");
+    verb.add_flag("--force", options->output.force,
+                  "Write also an input that is not valid, and over a file that exists");
     add_finding_options(verb, options->output);
 }
 

@@ -14,8 +14,8 @@
 namespace amesp_inp {
 namespace {
 
-void write(const std::string& path, const std::string& text) {
-    if (const std::string warning = write_output_file(path, text); !warning.empty()) {
+void write(const std::string& path, const std::string& text, bool force) {
+    if (const std::string warning = write_output_file(path, text, force); !warning.empty()) {
         complain(warning);
     }
 }
@@ -26,10 +26,10 @@ void deliver(const EditOutput& output, const Input& input, std::string_view befo
     if (output.diff) {
         print(unified_diff(before, after, input.name));
     } else if (!output.path.empty() && output.path != "-") {
-        write(output.path, after);
+        write(output.path, after, output.force);
     } else if (output.in_place && input.path != "-") {
         if (before != after) {
-            write(input.path, after);
+            write(input.path, after, output.force);
         }
     } else {
         print(after);

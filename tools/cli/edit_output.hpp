@@ -17,7 +17,7 @@ namespace amesp_inp {
 struct EditOutput {
     bool in_place = false;
     bool diff = false;
-    bool force = false;
+    bool force = false;      // also where content is lost or a file is guarded
     bool canonical = false;  // rendered in full instead of laid over the text
     std::string path;        // of another file to write
     std::string color = "auto";

@@ -4,6 +4,7 @@
 #include <velk/input/amesp/parser.hpp>
 
 #include "edits.hpp"
+#include "output_file.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -18,6 +19,10 @@ int write_geometry(const GeomOptions& options, const Input& input, const std::st
     }
     EditOutput output;
     output.path = options.to_xyz;
+    output.force = options.output.force;
+    if (!output.force && input.path != "-" && output.path != "-") {
+        refuse_same_file(output.path, input.path);
+    }
     deliver(output, input, text, write_xyz({section->atoms, section->charge, section->multiplicity}));
     return exit_clean;
 }

@@ -3,6 +3,7 @@
 #include "new.hpp"
 
 #include "edits.hpp"
+#include "output_file.hpp"
 #include "rendering_changes.hpp"
 
 namespace amesp_inp {
@@ -25,6 +26,9 @@ int run_new(const NewOptions& options) {
     if (report_findings(options.output, {"-", name}, "", std::move(findings)) && (hopeless || !options.output.force)) {
         complain("'" + name + "' is not made");
         return exit_findings;
+    }
+    if (!options.output.force && !options.output.diff && options.output.path != "-") {
+        refuse_existing(options.output.path);
     }
     deliver(options.output, {"-", name}, "", editor.render());
     return exit_clean;
