@@ -63,12 +63,41 @@ LineStyle style_of(const Overlay& overlay, const std::vector<Directive>& directi
     return style_of(std::move(lines), {"% ", " ", 0, {}});
 }
 
+// Above what belongs to the line that the first directive of a text has to stand before.
 std::size_t place_without_directives(const LineTable& lines) {
     if (const std::optional<std::size_t> method_line = lines.first_method_line()) {
-        return *method_line;
+        return lines.above_remark(*method_line);
     }
-    return lines.sections().empty() ? lines.size() : lines.sections().front().header;
+    return lines.sections().empty() ? lines.size() : lines.above_remark(lines.sections().front().header);
 }
+
+// Where new directives go. A place that is asked for again is not looked for again.
+class Places {
+public:
+    Places(const LineTable& lines, const std::vector<Directive>& directives)
+        : lines_(lines),
+          directives_(directives),
+          last_(directives.empty() ? place_without_directives(lines) : line_of(directives.back()) + 1) {}
+
+    // Before the directive of that index, after the last when there is none.
+    std::size_t before(std::size_t next) {
+        if (next == no_partner) {
+            return last_;
+        }
+        if (next != next_) {
+            next_ = next;
+            place_ = lines_.above_remark(line_of(directives_[next]));
+        }
+        return place_;
+    }
+
+private:
+    const LineTable& lines_;
+    const std::vector<Directive>& directives_;
+    std::size_t last_;
+    std::size_t next_ = no_partner;
+    std::size_t place_ = 0;
+};
 
 }  // namespace
 
@@ -86,6 +115,7 @@ void lay_directives(Overlay& overlay, const AIPData& before, const AIPData& afte
     }
     std::optional<LineStyle> style;
     NextPartner next_partner(*partner);
+    Places places(overlay.lines, before.directives);
     for (std::size_t i = 0; i < after.directives.size(); ++i) {
         const Directive& wanted = after.directives[i];
         if ((*partner)[i] != no_partner) {
@@ -104,11 +134,7 @@ void lay_directives(Overlay& overlay, const AIPData& before, const AIPData& afte
             overlay.problems.cannot_write("Directive '" + wanted.name + "'", wanted.location);
             continue;
         }
-        const std::size_t next = next_partner.from(i);
-        const std::size_t slot = next != no_partner          ? line_of(before.directives[next])
-                                 : before.directives.empty() ? place_without_directives(overlay.lines)
-                                                             : line_of(before.directives.back()) + 1;
-        overlay.patch.insert(slot, InsertOrder::directive, std::move(line));
+        overlay.patch.insert(places.before(next_partner.from(i)), InsertOrder::directive, std::move(line));
     }
 }
 

@@ -22,17 +22,22 @@ LineTable::LineTable(std::string_view text) : text_(text) {
         } else if (ends_section(raw)) {
             sections_.back().stop = index;
             sections_.back().terminated = true;
+            content_end_ = index + 1;
             in_section = false;
         }
     }
     if (in_section) {
         sections_.back().stop = lines_.size();
+        content_end_ = lines_.size();
     }
 }
 
 void LineTable::add_outer_line(std::string_view text, bool& in_section) {
     const std::size_t index = lines_.size() - 1;
     const LineKind kind = classify(text);
+    if (kind == LineKind::directive || kind == LineKind::method_line) {
+        content_end_ = index + 1;
+    }
     if (kind == LineKind::method_line && !first_method_line_) {
         first_method_line_ = index;
     }
@@ -50,6 +55,29 @@ std::string_view LineTable::line_end(std::size_t line) const {
 const SectionLines& LineTable::section_at(std::size_t header) const {
     return *std::lower_bound(sections_.begin(), sections_.end(), header,
                              [](const SectionLines& section, std::size_t line) { return section.header < line; });
+}
+
+bool LineTable::is_blank(std::size_t line) const {
+    return core::text::trim_view(raw(line)).empty();
+}
+
+bool LineTable::is_comment(std::size_t line) const {
+    return classify(core::text::trim_view(raw(line))) == LineKind::comment;
+}
+
+std::size_t LineTable::above_remark(std::size_t line) const {
+    while (line > 0 && is_comment(line - 1)) {
+        --line;
+    }
+    return line;
+}
+
+std::size_t LineTable::before_trailing_notes() const {
+    std::size_t line = content_end_ > 0 ? content_end_ : size();
+    while (line < size() && is_blank(line)) {
+        ++line;
+    }
+    return line;
 }
 
 }  // namespace velk::input::amesp

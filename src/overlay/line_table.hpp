@@ -33,6 +33,14 @@ public:
     bool ends_in_open_section() const noexcept { return !sections_.empty() && !sections_.back().terminated; }
     std::optional<std::size_t> first_method_line() const noexcept { return first_method_line_; }
 
+    bool is_blank(std::size_t line) const;
+    bool is_comment(std::size_t line) const;
+    // The line, or the first of the comments right above it, which belong to it.
+    std::size_t above_remark(std::size_t line) const;
+    // Where something may follow the last section, directive and method line: at the first of the notes after them, or
+    // at the end. A text that holds none of them has no notes.
+    std::size_t before_trailing_notes() const;
+
 private:
     struct Extent {
         std::size_t begin = 0;
@@ -44,6 +52,7 @@ private:
     std::vector<Extent> lines_;
     std::vector<SectionLines> sections_;
     std::optional<std::size_t> first_method_line_;
+    std::size_t content_end_ = 0;  // up to and with the last line that means something
 };
 
 }  // namespace velk::input::amesp

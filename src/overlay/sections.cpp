@@ -99,9 +99,26 @@ void add_section(Overlay& overlay, const Section& section, std::size_t slot) {
     }
 }
 
+// With one of the blank lines around it. The one after it stays below a comment, which would become a remark on what
+// follows.
 void drop_section(Overlay& overlay, const Section& section) {
-    const SectionLines& extent = overlay.lines.section_at(line_of(section));
-    overlay.patch.drop(extent.header, extent.stop + (extent.terminated ? 1 : 0));
+    const LineTable& lines = overlay.lines;
+    const SectionLines& extent = lines.section_at(line_of(section));
+    const std::size_t stop = extent.stop + (extent.terminated ? 1 : 0);
+    overlay.patch.drop(extent.header, stop);
+    const auto drop_blank = [&](std::size_t line) {
+        const bool can_go = lines.is_blank(line) && !overlay.patch.drops(line);
+        if (can_go) {
+            overlay.patch.drop(line);
+        }
+        return can_go;
+    };
+    if (extent.header > 0 && (drop_blank(extent.header - 1) || lines.is_comment(extent.header - 1))) {
+        return;
+    }
+    if (stop < lines.size()) {
+        drop_blank(stop);
+    }
 }
 
 }  // namespace
@@ -127,7 +144,8 @@ void lay_sections(Overlay& overlay, const AIPData& before, const AIPData& after)
         }
         const std::size_t next = next_partner.from(i);
         add_section(overlay, after.sections[i],
-                    next == no_partner ? overlay.lines.size() : line_of(before.sections[next]));
+                    next == no_partner ? overlay.lines.before_trailing_notes()
+                                       : overlay.lines.above_remark(line_of(before.sections[next])));
     }
 }
 

@@ -54,11 +54,16 @@ TEST(ChangedRecords, StandBeforeTheRecordThatFollowsThemInTheirList) {
         {"a directive", "# c\n% title x\n% nprocs 2\n", change([](AIPData& data) {
              data.directives.insert(data.directives.begin(), {"maxcore", "1", true, {}});
          }),
-         "# c\n% maxcore 1\n% title x\n% nprocs 2\n"},
+         "% maxcore 1\n# c\n% title x\n% nprocs 2\n"},
         {"a directive between two", "% title x\n# c\n% nprocs 2\n", change([](AIPData& data) {
              data.directives.insert(data.directives.begin() + 1, {"maxcore", "1", true, {}});
          }),
-         "% title x\n# c\n% maxcore 1\n% nprocs 2\n"},
+         "% title x\n% maxcore 1\n# c\n% nprocs 2\n"},
+        {"two directives, each before another", "# c\n% title x\n# d\n# e\n% nprocs 2\n", change([](AIPData& data) {
+             data.directives.insert(data.directives.begin() + 1, {{"a", "1", true, {}}, {"b", "2", true, {}}});
+             data.directives.insert(data.directives.begin(), {"z", "0", true, {}});
+         }),
+         "% z 0\n# c\n% title x\n% a 1\n% b 2\n# d\n# e\n% nprocs 2\n"},
         {"an entry", ">scf\n# c\n  conv 1\nend\n", change([](AIPData& data) {
              auto& entries = data.sections[0].entries;
              entries.insert(entries.begin(), {"guess", "x", true, "", {}});

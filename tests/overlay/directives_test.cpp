@@ -53,8 +53,8 @@ TEST(DirectiveLines, AreAddedBehindTheLastOne) {
         {"behind the last", "% maxcore 1\n# c\n% nprocs 2\n# d\n! hf\n", set("title", "x"),
          "% maxcore 1\n# c\n% nprocs 2\n% title x\n# d\n! hf\n"},
         {"above the method line", "# c\n\n! hf\n", set("title", "x"), "# c\n\n% title x\n! hf\n"},
-        {"above an empty method line", "# c\n!\n", set("title", "x"), "# c\n% title x\n!\n"},
-        {"before the first section", "# c\n>scf\nend\n", set("title", "x"), "# c\n% title x\n>scf\nend\n"},
+        {"above an empty method line", "# c\n\n!\n", set("title", "x"), "# c\n\n% title x\n!\n"},
+        {"before the first section", "# c\n\n>scf\nend\n", set("title", "x"), "# c\n\n% title x\n>scf\nend\n"},
         {"at the end", "# c\n", set("title", "x"), "# c\n% title x\n"},
         {"to nothing", "", set("title", "x"), "% title x\n"},
         {"without a value", "! hf\n", set("Title", " "), "% title\n! hf\n"},
@@ -74,6 +74,19 @@ TEST(DirectiveLines, AreAddedBehindTheLastOne) {
              editor.set_directive("title", "x");
          },
          "% maxcore 1\n% title x\n# c\n! hf\n"},
+    });
+}
+
+TEST(DirectiveLines, AreAddedAboveTheRemarkThatBelongsToWhatFollows) {
+    expect_laid_over({
+        {"to the method line", "# the file\n\n# why\n  ; this\n! hf\n", set("title", "x"),
+         "# the file\n\n% title x\n# why\n  ; this\n! hf\n"},
+        {"to the first section", "# the file\n\n// where from\n>xyz 0 1\nend\n", set("title", "x"),
+         "# the file\n\n% title x\n// where from\n>xyz 0 1\nend\n"},
+        {"at the top", "# why\n! hf\n", set("title", "x"), "% title x\n# why\n! hf\n"},
+        {"not to a loose line", "# a\nloose\n! hf\n", set("title", "x"), "# a\nloose\n% title x\n! hf\n"},
+        {"nor to what follows a section", ">notes\n# a\nend\n! hf\n", set("title", "x"),
+         ">notes\n# a\nend\n% title x\n! hf\n"},
     });
 }
 

@@ -17,7 +17,7 @@ Edit remove(std::string name) {
 
 TEST(SectionLines, GoFromTheHeaderToTheEnd) {
     expect_laid_over({
-        {"one", "# a\n\n>scf\n# b\n conv 1\nEnd\n# c\n", remove("scf"), "# a\n\n# c\n"},
+        {"one", "# a\n\n>scf\n# b\n conv 1\nEnd\n# c\n", remove("scf"), "# a\n# c\n"},
         {"all of a name", ">notes\nx\nend\n! hf\n>NOTES\ny\nend\n", remove("notes"), "! hf\n"},
         {"a name of one letter", ">a\nx\nend\n! hf\n", remove("a"), "! hf\n"},
         {"without an end", "! hf\n>scf\n conv 1\n", remove("scf"), "! hf\n"},
@@ -34,7 +34,7 @@ TEST(SectionLines, AreAddedAtTheEndAfterOneBlankLine) {
         {"empty", "! hf\n", upsert("SCF", {}), "! hf\n\n>scf\nend\n"},
         {"full", "! hf\n", full, "! hf\n\n>opt a b\n  conv tight\n\n  # why\nend\n"},
         {"after a blank line", "! hf\n  \n", upsert("scf", {}), "! hf\n  \n>scf\nend\n"},
-        {"after a comment", "! hf\n# bye\n", upsert("scf", {}), "! hf\n# bye\n\n>scf\nend\n"},
+        {"after a comment alone", "# hi\n", upsert("scf", {}), "# hi\n\n>scf\nend\n"},
         {"to nothing", "", upsert("scf", {}), ">scf\nend\n"},
         {"to one blank line", "\n", upsert("scf", {}), "\n>scf\nend\n"},
         {"unknown ones", "! hf\n", upsert("Frob", {"X"}), "! hf\n\n>frob X\nend\n"},
@@ -44,6 +44,51 @@ TEST(SectionLines, AreAddedAtTheEndAfterOneBlankLine) {
              editor.upsert_section("opt", {});
          },
          "! hf\n\n>opt\nend\n"},
+    });
+}
+
+TEST(SectionLines, TakeOneBlankLineAlong) {
+    const std::string scf = ">scf\nend\n";
+    expect_laid_over({
+        {"the one before", "! hf\n\n" + scf + "\n>opt\nend\n", remove("scf"), "! hf\n\n>opt\nend\n"},
+        {"the one before at the end", "! hf\n \n" + scf, remove("scf"), "! hf\n"},
+        {"the one after at the top", scf + "\n! hf\n", remove("scf"), "! hf\n"},
+        {"the one after below another line", "! hf\n" + scf + "\n>opt\nend\n", remove("scf"), "! hf\n>opt\nend\n"},
+        {"not the one after below a remark", "! hf\n\n# a\n" + scf + "\n>opt\nend\n", remove("scf"),
+         "! hf\n\n# a\n\n>opt\nend\n"},
+        {"one of several", "! hf\n\n\n" + scf + "\n\n>opt\nend\n", remove("scf"), "! hf\n\n\n\n>opt\nend\n"},
+        {"none where there is none", "! hf\n" + scf + ">opt\nend\n", remove("scf"), "! hf\n>opt\nend\n"},
+        {"each its own", scf + "\n" + scf + "\n" + scf + "\n! hf\n", remove("scf"), "! hf\n"},
+        {"each the one before it", "! hf\n\n" + scf + "\n" + scf + "\n>opt\nend\n", remove("scf"),
+         "! hf\n\n>opt\nend\n"},
+        {"without an end", "! hf\n\n>scf\n conv 1\n", remove("scf"), "! hf\n"},
+        {"alone", scf, remove("scf"), ""},
+    });
+}
+
+TEST(SectionLines, AreAddedBeforeTrailingNotes) {
+    const std::string opt = ">opt\nend\n";
+    expect_laid_over({
+        {"of the last section", ">scf\nend\n\n# bye\nloose\n", upsert("opt", {}),
+         ">scf\nend\n\n" + opt + "\n# bye\nloose\n"},
+        {"right after it", ">scf\nend\n# bye\n", upsert("opt", {}), ">scf\nend\n\n" + opt + "\n# bye\n"},
+        {"of the method line", "! hf\n# bye\n\n", upsert("opt", {}), "! hf\n\n" + opt + "\n# bye\n\n"},
+        {"of the last directive", ">scf\nend\n% title x\n\n# bye\n", upsert("opt", {}),
+         ">scf\nend\n% title x\n\n" + opt + "\n# bye\n"},
+        {"two of them", "! hf\n\n# bye\n",
+         [](AIPEditor& editor) {
+             editor.upsert_section("opt", {});
+             editor.upsert_section("notes", {});
+         },
+         "! hf\n\n" + opt + "\n>notes\nend\n\n# bye\n"},
+        {"in the place of a removed one", "! hf\n\n>scf\nend\n\n# bye\n",
+         [](AIPEditor& editor) {
+             editor.remove_section("scf");
+             editor.upsert_section("opt", {});
+         },
+         "! hf\n\n" + opt + "\n# bye\n"},
+        {"after blank lines without notes", "! hf\n\n\n", upsert("opt", {}), "! hf\n\n\n" + opt},
+        {"after the remarks of a section without an end", ">scf\n# a\n", upsert("opt", {}), ">scf\n# a\nend\n\n" + opt},
     });
 }
 
@@ -91,12 +136,12 @@ TEST(SectionEnd, IsAddedToASectionThatWasNotRead) {
 }
 
 TEST(SectionLines, StandBeforeTheSectionThatFollowsInTheDocument) {
-    const auto result = laid_over("! hf\n\n>scf\nend\n", [](AIPEditor& editor) {
+    const auto result = laid_over("! hf\n\n# why\n>scf\nend\n", [](AIPEditor& editor) {
         auto data = editor.data();
         data.sections.insert(data.sections.begin(), editor.make_section("opt", {}));
         editor.set_data(data);
     });
-    EXPECT_EQ(result.text, "! hf\n\n>opt\nend\n\n>scf\nend\n");
+    EXPECT_EQ(result.text, "! hf\n\n>opt\nend\n\n# why\n>scf\nend\n");
     EXPECT_TRUE(result.problems.empty());
 }
 

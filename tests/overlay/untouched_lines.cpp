@@ -128,6 +128,28 @@ private:
         for (std::size_t line = static_cast<std::size_t>(section.location->line - 1); line < stop(section); ++line) {
             result_[line] = false;
         }
+        take_one_blank_line(section);
+    }
+
+    bool take_blank(std::size_t line) {
+        const bool can_go = result_[line] && core::text::trim(lines_[line]).empty();
+        result_[line] = result_[line] && !can_go;
+        return can_go;
+    }
+
+    // The one before a removed section, else the one after it, but for one below a comment.
+    void take_one_blank_line(const Section& section) {
+        const std::size_t header = static_cast<std::size_t>(section.location->line - 1);
+        if (header > 0) {
+            const bool below_comment =
+                is_comment_or_blank(lines_[header - 1]) && !core::text::trim(lines_[header - 1]).empty();
+            if (take_blank(header - 1) || below_comment) {
+                return;
+            }
+        }
+        if (stop(section) < lines_.size()) {
+            take_blank(stop(section));
+        }
     }
 
     // Comments stay, and so do the atoms at both ends that are the same.

@@ -72,11 +72,13 @@ public:
     // to it since. Without edits the text comes back as it is.
     //
     // - A record is found again by its location. Its line changes in the bytes of its value alone; the line of a
-    //   removed record goes, of a removed section all from its header to its "end", of a removed token the word.
-    // - A new directive follows the last one, or stands above the method line; a new token follows the one before it
+    //   removed record goes, of a removed section all from its header to its "end", with one of the blank lines
+    //   around it; of a removed token the word.
+    // - A new directive follows the last one, or stands above the method line and the comments right above that; a new
+    // token follows the one before it
     //   in the list; a new entry follows the last of its section; both are laid out as most of their neighbours are. A
-    //   new section comes last, after a blank line. A new geometry stands where the first removed one stood, and shares
-    //   the lines of equal atoms.
+    //   new section comes last, after a blank line, but before comments that end the text. A new geometry stands where
+    //   the first removed one stood, and shares the lines of equal atoms.
     // - Names and values are written as `render` spells them; an entry whose value holds a '=' as "key = value". Each
     //   written line is read back; one that would not give its record is not written but reported, and what the text
     //   had in its place stays. Lists that do not go with the text (locations of another text, another order, changed
