@@ -4,35 +4,10 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "model/utf8.hpp"
+
 namespace velk::input::amesp {
 namespace {
-
-bool continues(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
-
-// The bytes of the well-formed character at the start of a text that is not empty; 1 where there is none, with `valid`
-// left false. Forms that are too long, surrogates and what lies beyond U+10FFFF are none: their second byte tells.
-struct Character {
-    std::size_t bytes = 1;
-    bool valid = false;
-};
-
-Character first_character(std::string_view text) {
-    const auto first = static_cast<unsigned char>(text.front());
-    if (first < 0x80U) {
-        return {1, true};
-    }
-    const std::size_t bytes = first < 0xC2U ? 0 : first < 0xE0U ? 2 : first < 0xF0U ? 3 : first < 0xF5U ? 4 : 0;
-    if (bytes == 0 || text.size() < bytes || !std::all_of(text.begin() + 1, text.begin() + bytes, continues)) {
-        return {};
-    }
-    const auto second = static_cast<unsigned char>(text[1]);
-    const bool too_long = (first == 0xE0U && second < 0xA0U) || (first == 0xF0U && second < 0x90U);
-    const bool surrogate = first == 0xEDU && second >= 0xA0U;
-    const bool too_large = first == 0xF4U && second >= 0x90U;
-    return too_long || surrogate || too_large ? Character() : Character{bytes, true};
-}
 
 std::uint64_t units_of(const Character& character, ColumnUnit unit) {
     constexpr std::uint64_t replacement_in_utf8 = 3;

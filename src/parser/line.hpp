@@ -58,6 +58,11 @@ private:
 
 enum class LineKind { blank, comment, directive, method_line, section_header, other };
 
+// What means something outside of sections, and is read as part of the section inside.
+constexpr bool is_marked(LineKind kind) {
+    return kind == LineKind::directive || kind == LineKind::method_line || kind == LineKind::section_header;
+}
+
 // By the first characters alone.
 inline LineKind classify(std::string_view text) {
     if (text.empty()) {

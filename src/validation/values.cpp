@@ -2,31 +2,16 @@
 #include "validation/values.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <optional>
 #include <string_view>
 
 #include "model/key.hpp"
 #include "model/numbers.hpp"
+#include "model/value_types.hpp"
 
 namespace velk::input::amesp {
 namespace {
-
-enum class ValueKind { integer, real, boolean, enumeration, unchecked };
-
-ValueKind kind_named(std::string_view type) {
-    if (type == "integer" || type == "int") {
-        return ValueKind::integer;
-    }
-    if (type == "real" || type == "double" || type == "float") {
-        return ValueKind::real;
-    }
-    if (type == "boolean" || type == "bool") {
-        return ValueKind::boolean;
-    }
-    return type == "enum" ? ValueKind::enumeration : ValueKind::unchecked;
-}
 
 std::optional<double> read_number(ValueKind kind, std::string_view value) {
     if (kind == ValueKind::integer) {
@@ -38,9 +23,8 @@ std::optional<double> read_number(ValueKind kind, std::string_view value) {
 }
 
 bool is_boolean(std::string_view value) {
-    constexpr std::array<std::string_view, 8> words = {"on", "off", "true", "false", "yes", "no", "1", "0"};
     const Key key(value);
-    return std::find(words.begin(), words.end(), key.view()) != words.end();
+    return std::find(boolean_words.begin(), boolean_words.end(), key.view()) != boolean_words.end();
 }
 
 bool is_allowed(const ValueSpec& spec, std::string_view value) {
@@ -65,7 +49,7 @@ std::vector<ValidationIssue> check_bounds(const ValueSpec& spec, double number, 
 std::vector<ValidationIssue> check_value(const ValueSpec& spec, const std::string& value,
                                          const issues::Subject& subject, const issues::Location& location) {
     const auto invalid = [&] { return std::vector{issues::invalid_value(subject, spec.value_type, value, location)}; };
-    const ValueKind kind = kind_named(spec.value_type);
+    const ValueKind kind = value_kind(spec.value_type);
     switch (kind) {
         case ValueKind::integer:
         case ValueKind::real: {

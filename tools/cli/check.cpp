@@ -10,22 +10,24 @@
 #include <string>
 #include <thread>
 #include <vector>
+#include <velk/input/amesp/report.hpp>
 
 #include "check_file.hpp"
 #include "edit_output.hpp"
 #include "exit_status.hpp"
 #include "inputs.hpp"
-#include "json_report.hpp"
 #include "output.hpp"
 #include "progress.hpp"
-#include "text_report.hpp"
 #include "usage_error.hpp"
 #include "workers.hpp"
 
 namespace amesp_inp {
 namespace {
 
+using velk::input::amesp::Applicability;
 using velk::input::amesp::InputSchema;
+using velk::input::amesp::json_report_head;
+using velk::input::amesp::SchemaSource;
 
 struct Totals {
     std::size_t files = 0;
@@ -80,7 +82,7 @@ int exit_status(const Totals& totals, const std::string& fail_on) {
 FileCheck file_check(const CheckOptions& options) {
     FileCheck check;
     if (!options.fix.empty()) {
-        check.fixes = options.fix == "all" ? Fixes::all : Fixes::certain;
+        check.fixes = options.fix == "all" ? Applicability::likely : Applicability::certain;
     }
     check.diff = options.diff;
     check.force = options.force;
@@ -133,7 +135,7 @@ void print_report(const FileReport& report, const FileCheck& check, bool is_firs
 
 int run_check(const CheckOptions& options) {
     const std::string schema_path = find_schema(options.schema);
-    const InputSchema schema = InputSchema::from_file(schema_path);
+    const SchemaSource schema = InputSchema::from_file(schema_path);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
     refuse_what_cannot_be_fixed(inputs, options);
     const FileCheck check = file_check(options);

@@ -4,13 +4,11 @@
 #include <exception>
 #include <stdexcept>
 #include <velk/input/amesp/editor.hpp>
+#include <velk/input/amesp/formatting.hpp>
 #include <velk/input/amesp/parser.hpp>
+#include <velk/input/amesp/report.hpp>
 
-#include "findings.hpp"
-#include "json_report.hpp"
 #include "output_file.hpp"
-#include "rendering_changes.hpp"
-#include "text_report.hpp"
 #include "unified_diff.hpp"
 
 namespace amesp_inp {
@@ -21,63 +19,74 @@ using namespace velk::input::amesp;
 std::string in_canonical_form(const std::string& text, const InputSchema& schema, const std::string& name) {
     const AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
     std::string rendered = editor.render();
-    if (!inexpressible(editor, text, rendered).empty()) {
+    if (!canonical_losses(editor, text, rendered).empty()) {
         throw std::runtime_error("'" + name + "' is left as it is: canonical form would lose content");
     }
     return rendered;
 }
 
-// Fixes the text, and the file unless the fixes are only to be shown.
-void fix(const Input& input, const InputSchema& schema, const FileCheck& check, std::string& text, FileReport& report) {
-    std::string better = fixed(text, schema, *check.fixes);
-    if (better == text) {
-        return;
+// Fixes the text, and the file unless the fixes are only to be shown. What is left to be found in it is returned.
+Diagnosis fix(const Input& input, const SchemaSource& schema, const FileCheck& check, std::string& text,
+              FileReport& report) {
+    FixResult result = fix_all(text, schema, *check.fixes);
+    if (result.text == text) {
+        return std::move(result.remaining);
     }
     if (check.canonical) {
-        better = in_canonical_form(better, schema, input.name);
+        result.text = in_canonical_form(result.text, schema.rules, input.name);
+        result.remaining = diagnose(result.text, schema);
     }
     if (check.diff) {
-        report.diff = unified_diff(text, better, input.name);
+        report.diff = unified_diff(text, result.text, input.name);
     } else {
-        report.warning = write_output_file(input.path, better, check.force);
+        report.warning = write_output_file(input.path, result.text, check.force);
     }
-    text = std::move(better);
+    text = std::move(result.text);
     report.fixed = true;
+    return std::move(result.remaining);
 }
 
-void count(const std::vector<Finding>& findings, FileReport& report) {
-    for (const Finding& finding : findings) {
-        ++(finding.severity == IssueSeverity::Error ? report.errors : report.warnings);
+Diagnosis checked(const Input& input, const SchemaSource& schema, const FileCheck& check, std::string& text,
+                  FileReport& report) {
+    try {
+        if (check.fixes) {
+            return fix(input, schema, check, text, report);
+        }
+    } catch (const std::runtime_error& error) {
+        report.trouble = error.what();
+    }
+    return diagnose(text, schema);
+}
+
+void count(const std::vector<Diagnostic>& diagnostics, FileReport& report) {
+    for (const Diagnostic& diagnostic : diagnostics) {
+        ++(diagnostic.severity == Severity::error ? report.errors : report.warnings);
     }
 }
 
-FileReport checked(const Input& input, const InputSchema& schema, const FileCheck& check) {
+FileReport checked(const Input& input, const SchemaSource& schema, const FileCheck& check) {
     FileReport report;
-    FileFindings file{input.name, {}, {}, {}};
+    std::string text;
+    Diagnosis diagnosis;
     try {
-        file.text = read_input(input);
+        text = read_input(input);
     } catch (const std::runtime_error& error) {
         report.unreadable = true;
-        report.trouble = file.error = error.what();
+        report.trouble = error.what();
     }
+    const std::string unreadable = report.trouble;
     if (!report.unreadable) {
-        try {
-            if (check.fixes) {
-                fix(input, schema, check, file.text, report);
-            }
-        } catch (const std::runtime_error& error) {
-            report.trouble = error.what();
-        }
-        file.findings = find_all(file.text, schema);
-        count(file.findings, report);
+        diagnosis = checked(input, schema, check, text, report);
+        count(diagnosis.diagnostics, report);
     }
-    report.findings = check.json ? json_report(file) : text_report(file, check.color);
+    const FileFindings findings{input.name, text, diagnosis.diagnostics, unreadable};
+    report.findings = check.json ? json_report(findings) : text_report(findings, check.color);
     return report;
 }
 
 }  // namespace
 
-FileReport check_file(const Input& input, const InputSchema& schema, const FileCheck& check) {
+FileReport check_file(const Input& input, const SchemaSource& schema, const FileCheck& check) {
     try {
         return checked(input, schema, check);
     } catch (const std::exception& error) {

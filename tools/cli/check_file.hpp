@@ -4,18 +4,17 @@
 #include <cstddef>
 #include <optional>
 #include <string>
-#include <velk/input/amesp/schema.hpp>
+#include <velk/input/amesp/diagnostics.hpp>
 
-#include "fixes.hpp"
 #include "inputs.hpp"
 
 namespace amesp_inp {
 
 struct FileCheck {
-    std::optional<Fixes> fixes;  // to be made before the file is checked
-    bool diff = false;           // show the fixes and leave the file as it is
-    bool force = false;          // write over a guarded file
-    bool canonical = false;      // write a fixed file in canonical form
+    std::optional<velk::input::amesp::Applicability> fixes;  // to be made before the file is checked
+    bool diff = false;                                       // show the fixes and leave the file as it is
+    bool force = false;                                      // write over a guarded file
+    bool canonical = false;                                  // write a fixed file in canonical form
     bool json = false;
     bool color = false;
 };
@@ -33,6 +32,6 @@ struct FileReport {
 };
 
 // Fixes the file as wanted, and finds what is left. Throws nothing: what went wrong is in the report.
-FileReport check_file(const Input& input, const velk::input::amesp::InputSchema& schema, const FileCheck& check);
+FileReport check_file(const Input& input, const velk::input::amesp::SchemaSource& schema, const FileCheck& check);
 
 }  // namespace amesp_inp

@@ -8,6 +8,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <velk/input/amesp/diagnostics.hpp>
 
 #include "check.hpp"
 #include "exit_status.hpp"
@@ -15,7 +16,6 @@
 #include "fmt.hpp"
 #include "geom.hpp"
 #include "get.hpp"
-#include "name_hints.hpp"
 #include "new.hpp"
 #include "output.hpp"
 #include "set.hpp"
@@ -430,7 +430,7 @@ public:
 
 std::string with_near_names(const std::string& message, const std::string& name,
                             const std::vector<std::string>& known) {
-    const std::string near = near_names(name, known);
+    const std::string near = velk::input::amesp::near_names(name, known);
     return near.empty() ? message : message + "; " + near;
 }
 

@@ -5,13 +5,16 @@
 
 #include <cstdio>
 #include <functional>
+#include <velk/input/amesp/report.hpp>
 
 #include "output_file.hpp"
-#include "text_report.hpp"
 #include "unified_diff.hpp"
 #include "usage_error.hpp"
 
 namespace amesp_inp {
+
+using namespace velk::input::amesp;
+
 namespace {
 
 void write(const std::string& path, const std::string& text, bool force) {
@@ -44,14 +47,13 @@ void refuse_several_texts(const EditOutput& output, std::size_t inputs) {
 }
 
 bool report_findings(const EditOutput& output, const Input& input, const std::string& text,
-                     std::vector<Finding> findings) {
-    const auto is_error = [](const Finding& finding) { return finding.severity == IssueSeverity::Error; };
+                     std::vector<Diagnostic> findings) {
+    const auto is_error = [](const Diagnostic& finding) { return finding.severity == Severity::error; };
     if (output.quiet) {
         std::erase_if(findings, std::not_fn(is_error));
     }
     const bool failed = std::any_of(findings.begin(), findings.end(), is_error);
-    const std::string report =
-        text_report({input.name, text, "", std::move(findings)}, use_color(output.color, STDERR_FILENO));
+    const std::string report = text_report({input.name, text, findings}, use_color(output.color, STDERR_FILENO));
     std::fwrite(report.data(), 1, report.size(), stderr);
     return failed;
 }

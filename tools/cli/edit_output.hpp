@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
+#include <velk/input/amesp/diagnostics.hpp>
 
 #include "exit_status.hpp"
-#include "finding.hpp"
 #include "inputs.hpp"
 #include "output.hpp"
 
@@ -33,7 +33,7 @@ void refuse_several_texts(const EditOutput& output, std::size_t inputs);
 
 // Findings on standard error. True when one of them is an error.
 bool report_findings(const EditOutput& output, const Input& input, const std::string& text,
-                     std::vector<Finding> findings);
+                     std::vector<velk::input::amesp::Diagnostic> findings);
 
 // Runs `work` for each input; says of one that fails why, and goes on. The worst exit status.
 template <class Work>

@@ -9,13 +9,12 @@
 #include <velk/core/text.hpp>
 #include <velk/core/text_view.hpp>
 #include <velk/input/amesp/codes.hpp>
+#include <velk/input/amesp/formatting.hpp>
 #include <velk/input/amesp/parser.hpp>
 
-#include "findings.hpp"
 #include "geometry_header.hpp"
 #include "key_values.hpp"
 #include "numbers.hpp"
-#include "rendering_changes.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -165,25 +164,22 @@ void apply(AIPEditor& editor, const Edits& edits, const Geometries& geometries) 
     }
 }
 
-bool cannot_be_forced(const std::vector<Finding>& findings) {
-    return std::any_of(findings.begin(), findings.end(), [](const Finding& finding) {
-        return finding.code == codes::inp::reads_differently && finding.location.line == 0;
+bool cannot_be_forced(const std::vector<Diagnostic>& findings) {
+    return std::any_of(findings.begin(), findings.end(), [](const Diagnostic& finding) {
+        return finding.code == codes::inp::reads_differently && !finding.range;
     });
 }
 
 namespace {
 
-std::vector<Finding> not_written(const OverlayResult& result) {
-    std::vector<Finding> findings;
+std::vector<Diagnostic> not_written(const OverlayResult& result, std::string_view text) {
+    const TextPositions positions(text);
+    std::vector<Diagnostic> findings;
     for (const ValidationIssue& problem : result.problems) {
-        // Coordinates that the program puts in are in angstrom.
-        const bool in_other_unit = problem.code == codes::kept_unit;
-        findings.push_back({in_other_unit ? IssueSeverity::Error : problem.severity,
-                            problem.code,
-                            problem.message,
-                            problem.location.value_or(SourceLocation{0, 0, 0}),
-                            {},
-                            {}});
+        findings.push_back(to_diagnostic(problem, positions));
+        if (problem.code == codes::kept_unit) {
+            findings.back().severity = Severity::error;  // coordinates that the program puts in are in angstrom
+        }
     }
     return findings;
 }
@@ -194,17 +190,18 @@ bool lacks_a_record(const OverlayResult& result) {
 }
 
 // The text before is looked at only when there is something to say of the text after.
-std::vector<Finding> new_findings(const std::string& before, const std::string& after, const InputSchema& schema) {
-    std::vector<Finding> findings = find_all(after, schema);
+std::vector<Diagnostic> new_findings(const std::string& before, const std::string& after, const InputSchema& schema) {
+    std::vector<Diagnostic> findings = diagnose(after, schema).diagnostics;
     if (findings.empty()) {
         return findings;
     }
     std::multiset<std::string> known;
-    for (const Finding& finding : find_all(before, schema)) {
-        known.insert(finding.code + finding.message);
+    const auto key_of = [](const Diagnostic& finding) { return std::string(finding.code) + finding.message; };
+    for (const Diagnostic& finding : diagnose(before, schema).diagnostics) {
+        known.insert(key_of(finding));
     }
-    std::erase_if(findings, [&](const Finding& finding) {
-        return !known.extract(finding.code + finding.message).empty();  // each one excuses one
+    std::erase_if(findings, [&](const Diagnostic& finding) {
+        return !known.extract(key_of(finding)).empty();  // each one excuses one
     });
     return findings;
 }
@@ -214,7 +211,8 @@ std::vector<Finding> new_findings(const std::string& before, const std::string& 
 int finish_edit(const EditOutput& output, const Input& input, const std::string& before, const AIPEditor& editor) {
     OverlayResult laid_over = output.canonical ? OverlayResult() : editor.render_over(before);
     const std::string after = output.canonical ? editor.render() : std::move(laid_over.text);
-    const std::vector<Finding> lost = output.canonical ? inexpressible(editor, before, after) : not_written(laid_over);
+    const std::vector<Diagnostic> lost =
+        output.canonical ? canonical_losses(editor, before, after) : not_written(laid_over, before);
     const bool hopeless = output.canonical ? cannot_be_forced(lost) : lacks_a_record(laid_over);
     // What is lost has its place in the text before, findings have theirs in the text that would be written.
     const bool loses = report_findings(output, input, before, lost);

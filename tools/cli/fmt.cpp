@@ -8,14 +8,12 @@
 #include <velk/core/text_view.hpp>
 #include <velk/input/amesp/codes.hpp>
 #include <velk/input/amesp/editor.hpp>
+#include <velk/input/amesp/formatting.hpp>
 #include <velk/input/amesp/parser.hpp>
 
 #include "edit_output.hpp"
 #include "line_ends.hpp"
-#include "line_marks.hpp"
 #include "patch_name.hpp"
-#include "rendering_changes.hpp"
-#include "source_lines.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -36,22 +34,9 @@ std::string settled(std::string text, const InputSchema& schema) {
     return text;
 }
 
-// Text without a line that means something in an AMESP input.
-bool is_other_format(const SourceLines& lines) {
-    bool has_others = false;
-    for (std::uint64_t number = 1; number <= lines.count(); ++number) {
-        const std::string_view line = velk::core::text::trim_view(lines.line(number));
-        if (is_marked(line)) {
-            return false;
-        }
-        has_others = has_others || !(line.empty() || is_comment(line));
-    }
-    return has_others;
-}
-
 struct Formatted {
     std::string text;
-    std::vector<Finding> findings;  // what becomes of the content
+    std::vector<Diagnostic> findings;  // what becomes of the content
 };
 
 Formatted formatted(const std::string& text, const InputSchema& schema) {
@@ -60,19 +45,17 @@ Formatted formatted(const std::string& text, const InputSchema& schema) {
     }
     const AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
     const std::string rendered = editor.render();
-    const bool expressible = inexpressible(editor, text, rendered).empty();
+    const bool expressible = canonical_losses(editor, text, rendered).empty();
     std::string canonical = with_line_ends_of(text, expressible ? settled(rendered, schema) : rendered);
-    if (is_other_format(SourceLines(text))) {
-        const Finding finding{IssueSeverity::Error,
-                              std::string(codes::inp::other_format),
-                              "No line begins with '%', '!' or '>': this is another format.",
-                              {0, 0, 0},
-                              {},
-                              {}};
+    if (is_other_format(text)) {
+        Diagnostic finding;
+        finding.severity = Severity::error;
+        finding.code = codes::inp::other_format;
+        finding.message = "No line begins with '%', '!' or '>': this is another format.";
         return {std::move(canonical), {finding}};
     }
     const bool changes = canonical != text;
-    return {std::move(canonical), changes ? rendering_changes(editor, text, rendered) : std::vector<Finding>()};
+    return {std::move(canonical), changes ? canonical_changes(editor, text, rendered) : std::vector<Diagnostic>()};
 }
 
 struct Totals {
@@ -81,9 +64,9 @@ struct Totals {
     std::size_t refused = 0;
 };
 
-bool has_error(const std::vector<Finding>& findings) {
+bool has_error(const std::vector<Diagnostic>& findings) {
     return std::any_of(findings.begin(), findings.end(),
-                       [](const Finding& finding) { return finding.severity == IssueSeverity::Error; });
+                       [](const Diagnostic& finding) { return finding.severity == Severity::error; });
 }
 
 // One line for a file that would not stay as it is; with a difference asked for, also why and how.

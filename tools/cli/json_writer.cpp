@@ -1,10 +1,13 @@
 // Writing of indented JSON.
 #include "json_writer.hpp"
 
-#include "json_text.hpp"
+#include <velk/input/amesp/report.hpp>
 #include "output.hpp"
 
 namespace amesp_inp {
+
+using velk::input::amesp::json_number;
+using velk::input::amesp::json_string;
 
 void JsonWriter::key(std::string_view name) {
     begin_value();

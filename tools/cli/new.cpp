@@ -2,9 +2,10 @@
 
 #include "new.hpp"
 
+#include <velk/input/amesp/formatting.hpp>
+
 #include "edits.hpp"
 #include "output_file.hpp"
-#include "rendering_changes.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -18,9 +19,9 @@ int run_new(const NewOptions& options) {
     AIPEditor editor({}, schema);
     apply(editor, options.edits, read_geometries(options.edits));
     const std::string name = options.output.path.empty() ? "<new>" : options.output.path;
-    std::vector<Finding> findings = inexpressible(editor, {}, editor.render());
+    std::vector<Diagnostic> findings = canonical_losses(editor, {}, editor.render());
     for (const ValidationIssue& issue : editor.validate()) {
-        findings.push_back({issue.severity, issue.code, issue.message, SourceLocation{}, {}, {}});
+        findings.push_back(to_diagnostic(issue, TextPositions({})));
     }
     const bool hopeless = cannot_be_forced(findings);
     if (report_findings(options.output, {"-", name}, "", std::move(findings)) && (hopeless || !options.output.force)) {

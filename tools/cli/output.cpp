@@ -7,10 +7,13 @@
 #include <array>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
 
 namespace amesp_inp {
 namespace {
+
+using velk::input::amesp::take_printable;
 
 // Gathers pieces, so that a line goes out in one piece, without memory that there may be none of.
 class ErrorText {
@@ -70,6 +73,14 @@ void print(std::string_view text, Layout layout) {
 
 void print_styled(std::string_view text) {
     std::cout.write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+bool use_color(const std::string& when, int descriptor) {
+    if (when != "auto") {
+        return when == "always";
+    }
+    const char* const no_color = std::getenv("NO_COLOR");
+    return (no_color == nullptr || *no_color == '\0') && ::isatty(descriptor) == 1;
 }
 
 bool flush_output() {

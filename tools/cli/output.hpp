@@ -2,17 +2,23 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
 #include <string_view>
 
-#include "printable.hpp"
+#include <velk/input/amesp/report.hpp>
 
 namespace amesp_inp {
+
+using velk::input::amesp::Layout;
 
 // Bytes to standard output, as they are; to a terminal only what it shows.
 void print(std::string_view text, Layout layout = Layout::lines);
 
 // As they are also to a terminal: a text of this program, in colours perhaps, whose foreign parts are printable.
 void print_styled(std::string_view text);
+
+// Whether to use colours on a stream, "always", "never" or "auto": on a terminal, unless NO_COLOR says otherwise.
+bool use_color(const std::string& when, int descriptor);
 
 // False when anything printed so far could not be written.
 bool flush_output();

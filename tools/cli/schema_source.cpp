@@ -2,9 +2,9 @@
 #include "schema_source.hpp"
 
 #include <velk/core/resource.hpp>
+#include <velk/input/amesp/report.hpp>
 
 #include "output.hpp"
-#include "printable.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -15,7 +15,7 @@ constexpr const char* schema_variable = "VELK_AMESP_INP_SCHEMA_YAML";
 
 std::string variable_value(const char* name) {
     std::string value;
-    append_printable(value, getenv_string(name));
+    velk::input::amesp::append_printable(value, getenv_string(name));
     return value;
 }
 

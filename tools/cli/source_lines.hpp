@@ -6,9 +6,11 @@
 #include <vector>
 #include <velk/core/text_view.hpp>
 
-#include "finding.hpp"
+#include <velk/input/amesp/document.hpp>
 
 namespace amesp_inp {
+
+using velk::input::amesp::SourceLocation;
 
 // Views into a text that must outlive them.
 class SourceLines {

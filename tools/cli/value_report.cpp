@@ -1,12 +1,15 @@
 // Values as plain text, as JSON and as CSV.
 #include "value_report.hpp"
 
+#include <velk/input/amesp/report.hpp>
+
 #include "json_writer.hpp"
 #include "output.hpp"
-#include "printable.hpp"
 
 namespace amesp_inp {
 namespace {
+
+using velk::input::amesp::append_printable;
 
 // Words share one.
 std::vector<std::string> lines_of(const KeyValue& value) {

@@ -38,6 +38,7 @@ class TextPositions {
 public:
     VELK_AMESP_INP_EXPORT explicit TextPositions(std::string_view text, LineEnds ends = LineEnds::format);
 
+    std::string_view text() const noexcept { return text_; }
     // At least 1; a line end at the end of the text starts a further line, which is empty.
     std::uint64_t line_count() const noexcept { return begins_.size(); }
     // Without its line end. Empty for a line that is not there.

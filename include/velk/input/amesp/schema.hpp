@@ -71,6 +71,7 @@ public:
     const Impl& tables() const noexcept { return *tables_; }
 
 private:
+    friend class DocumentCheck;
     struct DocumentRules;
 
     std::shared_ptr<const Impl> tables_;          // never null

@@ -1,16 +1,10 @@
 // Findings as text.
-#include "text_report.hpp"
-
-#include <unistd.h>
+#include <velk/input/amesp/report.hpp>
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdlib>
 
-#include "printable.hpp"
-#include "source_lines.hpp"
-
-namespace amesp_inp {
+namespace velk::input::amesp {
 namespace {
 
 constexpr std::size_t number_width = 5;
@@ -57,39 +51,55 @@ public:
         : file_(file), lines_(file.text), style_(color ? color_style : plain_style) {}
 
     std::string run() {
-        for (const Finding& finding : file_.findings) {
-            const bool is_error = finding.severity == IssueSeverity::Error;
-            add_head(finding.location, is_error ? style_.error : style_.warning, is_error ? "error" : "warning",
-                     finding.message, " [" + finding.code + "]");
-            add_excerpt(finding.location);
-            for (const std::string& help : finding.helps) {
+        for (const Diagnostic& diagnostic : file_.diagnostics) {
+            const Kind kind = kind_of(diagnostic.severity);
+            add_head(diagnostic.range, kind, diagnostic.message);
+            out_ += " [";
+            out_ += diagnostic.code;
+            out_ += "]\n";
+            add_excerpt(diagnostic.range);
+            for (const std::string& help : diagnostic.help) {
                 add_help(help);
             }
-            for (const Note& note : finding.notes) {
-                add_head(note.location, style_.note, "note", note.message, "");
-                add_excerpt(note.location);
+            for (const Related& related : diagnostic.related) {
+                add_head(related.range, {"note", style_.note}, related.message);
+                out_ += '\n';
+                add_excerpt(related.range);
             }
         }
         return std::move(out_);
     }
 
 private:
-    void add_head(const SourceLocation& location, const char* kind_style, const char* kind, const std::string& message,
-                  const std::string& code) {
+    struct Kind {
+        const char* name;
+        const char* style;
+    };
+    Kind kind_of(Severity severity) const {
+        switch (severity) {
+            case Severity::error:
+                return {"error", style_.error};
+            case Severity::warning:
+                return {"warning", style_.warning};
+            case Severity::note:
+                break;
+        }
+        return {"note", style_.note};
+    }
+
+    void add_head(const std::optional<TextRange>& range, const Kind& kind, const std::string& message) {
         out_ += style_.bold;
         append_printable(out_, file_.name);
-        if (location.line > 0) {
-            out_ += ":" + std::to_string(location.line) + ":" + std::to_string(location.column);
+        if (range) {
+            out_ += ":" + std::to_string(range->start.line) + ":" + std::to_string(range->start.column);
         }
         out_ += ": ";
         out_ += style_.reset;
-        out_ += kind_style;
-        out_ += kind;
+        out_ += kind.style;
+        out_ += kind.name;
         out_ += ": ";
         out_ += style_.reset;
         append_printable(out_, message);
-        out_ += code;
-        out_ += '\n';
     }
 
     void add_margin(const std::string& label) {
@@ -98,18 +108,18 @@ private:
         out_ += " | ";
     }
 
-    void add_excerpt(const SourceLocation& location) {
-        const std::string_view line = lines_.line(location.line);
+    void add_excerpt(const std::optional<TextRange>& range) {
+        const std::string_view line = range ? lines_.line(range->start.line) : std::string_view();
         if (line.empty()) {
             return;
         }
-        const std::size_t column = std::min<std::size_t>(location.column - 1, line.size());
+        const std::size_t column = std::min<std::size_t>(range->start.column - 1, line.size());
         const bool whole = line.size() <= longest_excerpt;
         const std::size_t begin = whole || column < context_before ? 0 : character_start(line, column - context_before);
         const std::size_t end = whole ? line.size() : character_start(line, begin + longest_excerpt);
         const std::string_view shown = line.substr(begin, end - begin);
         const char* const before = begin == 0 ? "" : "...";
-        const std::string number = std::to_string(location.line);
+        const std::string number = std::to_string(range->start.line);
         add_margin(number);
         out_ += before;
         out_ += printable(shown);
@@ -120,7 +130,7 @@ private:
         for (const char c : printable(shown.substr(0, column - begin))) {
             out_.append(is_shown(c) ? 1 : 0, c == '\t' ? '\t' : ' ');
         }
-        const std::string marked = printable(shown.substr(std::min(shown.size(), column - begin), location.length));
+        const std::string marked = printable(shown.substr(std::min(shown.size(), column - begin), range->length));
         const auto length = static_cast<std::size_t>(std::count_if(marked.begin(), marked.end(), is_shown));
         out_ += style_.marker;
         out_ += '^';
@@ -137,7 +147,7 @@ private:
     }
 
     const FileFindings& file_;
-    const SourceLines lines_;
+    const TextPositions lines_;
     const Style& style_;
     std::string out_;
 };
@@ -145,15 +155,7 @@ private:
 }  // namespace
 
 std::string text_report(const FileFindings& file, bool color) {
-    return file.findings.empty() ? std::string() : Report(file, color).run();
+    return file.diagnostics.empty() ? std::string() : Report(file, color).run();
 }
 
-bool use_color(const std::string& when, int descriptor) {
-    if (when != "auto") {
-        return when == "always";
-    }
-    const char* const no_color = std::getenv("NO_COLOR");
-    return (no_color == nullptr || *no_color == '\0') && ::isatty(descriptor) == 1;
-}
-
-}  // namespace amesp_inp
+}  // namespace velk::input::amesp

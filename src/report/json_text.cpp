@@ -1,10 +1,9 @@
 // The one file that sees the JSON library. Only single strings and numbers go through it: to take a tree of JSON values
 // down needs memory, and where there is none left that would end the program in the middle of its work.
-#include "json_text.hpp"
-
 #include <nlohmann/json.hpp>
+#include <velk/input/amesp/report.hpp>
 
-namespace amesp_inp {
+namespace velk::input::amesp {
 
 using Json = nlohmann::json;
 
@@ -16,4 +15,4 @@ std::string json_number(double value) {
     return Json(value).dump();
 }
 
-}  // namespace amesp_inp
+}  // namespace velk::input::amesp

@@ -1,16 +1,14 @@
 // Near names by edit distance, and names that are known as something else.
-#include "name_hints.hpp"
+#include "diagnostics/name_hints.hpp"
 
 #include <algorithm>
 #include <cstddef>
+
+#include <velk/input/amesp/diagnostics.hpp>
 #include <velk/input/amesp/schema_tables.hpp>
 
-namespace amesp_inp {
+namespace velk::input::amesp {
 namespace {
-
-using velk::input::amesp::InputSchema;
-using velk::input::amesp::SectionSpec;
-using velk::input::amesp::StringMap;
 
 constexpr std::size_t longest_name = 48;  // a longer one is no misspelt keyword
 constexpr std::size_t most_suggestions = 3;
@@ -183,4 +181,4 @@ std::string near_names(std::string_view name, const std::vector<std::string>& kn
     return hints.helps.empty() ? std::string() : hints.helps.front();
 }
 
-}  // namespace amesp_inp
+}  // namespace velk::input::amesp

@@ -1,0 +1,244 @@
+// All findings of parser and rules, each with its place and with what helps to fix it.
+#include <algorithm>
+#include <array>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <velk/core/text_view.hpp>
+#include <velk/input/amesp/diagnostics.hpp>
+#include <velk/input/amesp/schema_tables.hpp>
+
+#include "diagnostics/missing_ends.hpp"
+#include "diagnostics/name_hints.hpp"
+#include "diagnostics/places.hpp"
+#include "diagnostics/renames.hpp"
+#include "diagnostics/subjects.hpp"
+#include "diagnostics/value_hints.hpp"
+#include "parser/line.hpp"
+#include "parser/reader.hpp"
+#include "validation/document_check.hpp"
+
+namespace velk::input::amesp {
+namespace {
+
+// Codes come from the one table, so that a diagnostic needs no text of its own for it.
+std::string_view listed(std::string_view code) {
+    const CodeInfo* const info = find_code(code);
+    return info == nullptr ? std::string_view() : info->code;
+}
+
+Diagnostic without_place(Severity severity, std::string_view code, std::string message) {
+    Diagnostic diagnostic;
+    diagnostic.severity = severity;
+    diagnostic.code = listed(code);
+    diagnostic.message = std::move(message);
+    return diagnostic;
+}
+
+// What the user may have meant by a name, found once for each name however often it stands in the text.
+class Hints {
+public:
+    explicit Hints(const InputSchema& schema) : schema_(schema) {}
+
+    const NameHints& of(const Subject& subject) {
+        const auto [place, is_new] = known_.try_emplace({subject.kind, subject.section, subject.name});
+        if (is_new) {
+            place->second = made_for(subject);
+        }
+        return place->second;
+    }
+
+private:
+    NameHints made_for(const Subject& subject) const {
+        if (subject.kind == subjects::directive) {
+            return hints_for_directive(schema_, subject.name);
+        }
+        if (subject.kind == subjects::token) {
+            return hints_for_token(schema_, subject.name);
+        }
+        if (subject.kind == subjects::section) {
+            return hints_for_section(schema_, subject.name);
+        }
+        return hints_for_entry(schema_, subject.section, subject.name);
+    }
+
+    const InputSchema& schema_;
+    std::map<std::array<std::string, 3>, NameHints> known_;  // ordered: an input cannot aim at its cost
+};
+
+class Diagnoser {
+public:
+    Diagnoser(const TextPositions& text, const InputSchema& schema, Diagnosis& diagnosis)
+        : text_(text), hints_(schema), renames_(diagnosis.document, schema, text), diagnosis_(diagnosis) {}
+
+    void run(std::string_view text, const InputSchema& schema) {
+        const std::vector<RuleFinding> findings = DocumentCheck::run(schema, diagnosis_.document);
+        add_warnings(findings);
+        for (const RuleFinding& finding : findings) {
+            add(finding);
+        }
+        add_ends(find_missing_ends(text, schema));
+        std::stable_sort(found_.begin(), found_.end(), [](const Diagnostic& a, const Diagnostic& b) {
+            return std::pair(a.range->start.line, a.range->start.column) <
+                   std::pair(b.range->start.line, b.range->start.column);
+        });
+        diagnosis_.diagnostics = std::move(found_);
+    }
+
+private:
+    // Validation repeats a missing end as an error, at the same header.
+    void add_warnings(const std::vector<RuleFinding>& findings) {
+        const bool is_repeated = std::any_of(findings.begin(), findings.end(), [](const RuleFinding& finding) {
+            return finding.issue.code == codes::unterminated_section;
+        });
+        for (const ParseWarning& warning : diagnosis_.document.warnings) {
+            const bool is_end = warning.code == codes::unterminated_section;
+            if (is_end && is_repeated) {
+                continue;
+            }
+            Diagnostic diagnostic = without_place(Severity::warning, warning.code, warning.message);
+            diagnostic.range = range_of(text_, *warning.location);
+            diagnostic.subject.kind = subjects::line;
+            if (is_end) {
+                explain_missing_end(diagnostic);
+            }
+            found_.push_back(std::move(diagnostic));
+        }
+    }
+
+    void add(const RuleFinding& finding) {
+        Diagnostic diagnostic =
+            without_place(to_severity(finding.issue.severity), finding.issue.code, finding.issue.message);
+        diagnostic.subject = subject_of(finding.records);
+        diagnostic.range = place_of(finding);
+        if (finding.records.first != nullptr) {
+            const bool is_geometry = diagnostic.code == codes::multiple_geometry_sections;
+            diagnostic.related.push_back(
+                {is_geometry ? "the first coordinate section is here" : "the first one is here",
+                 range_of(text_, *finding.records.first->location),
+                 {}});
+        }
+        add_help(diagnostic, finding.records);
+        found_.push_back(std::move(diagnostic));
+    }
+
+    TextRange place_of(const RuleFinding& finding) const {
+        if (finding.issue.location) {
+            return range_of(text_, *finding.issue.location);
+        }
+        if (finding.records.section != nullptr) {
+            return range_of(text_, *finding.records.section->location);
+        }
+        return range_of_line(text_,
+                             finding.issue.code == codes::missing_method_line ? first_content() : last_line(text_));
+    }
+
+    std::uint64_t first_content() const {
+        for (std::uint64_t number = 1; number <= last_line(text_); ++number) {
+            const LineKind kind = classify(core::text::trim_view(text_.line(number)));
+            if (kind != LineKind::blank && kind != LineKind::comment) {
+                return number;
+            }
+        }
+        return 1;
+    }
+
+    void add_help(Diagnostic& diagnostic, const IssueRecords& records) {
+        if (diagnostic.code == codes::unterminated_section) {
+            explain_missing_end(diagnostic);
+        } else if (records.value != nullptr && diagnostic.code == codes::invalid_value) {
+            if (std::string help = allowed_values(*records.value); !help.empty()) {
+                diagnostic.help.push_back(std::move(help));
+            }
+        } else if (is_unknown_name(diagnostic.code)) {
+            const NameHints& hints = hints_.of(diagnostic.subject);
+            diagnostic.help = hints.helps;
+            if (std::optional<Fix> fix = renames_.fix(records, hints.suggestion)) {
+                diagnostic.fixes.push_back(std::move(*fix));
+            }
+        }
+    }
+
+    static bool is_unknown_name(std::string_view code) {
+        return code == codes::unknown_directive || code == codes::unknown_method_token ||
+               code == codes::unknown_section || code == codes::unknown_entry;
+    }
+
+    void explain_missing_end(Diagnostic& diagnostic) const {
+        for (std::uint64_t number = diagnostic.range->start.line + 1; number <= last_line(text_); ++number) {
+            if (is_marked(classify(core::text::trim_view(text_.line(number))))) {
+                diagnostic.related.push_back(
+                    {"this line is read as part of the section; an 'end' was probably meant before it",
+                     range_of_line(text_, number),
+                     {}});
+                return;
+            }
+        }
+        diagnostic.help.emplace_back("add a line 'end' after the last line of the section");
+    }
+
+    // A section that a later "end" closes has nothing said of it. Of the others there is one at most, the last.
+    void add_ends(std::vector<MissingEnd> missing) {
+        const auto open = std::find_if(found_.begin(), found_.end(), [](const Diagnostic& diagnostic) {
+            return diagnostic.code == codes::unterminated_section;
+        });
+        for (MissingEnd& end : missing) {
+            if (open != found_.end() && open->range->start.line == end.header) {
+                open->fixes.push_back(std::move(end.fix));
+            }
+        }
+    }
+
+    const TextPositions& text_;
+    Hints hints_;
+    Renames renames_;
+    Diagnosis& diagnosis_;
+    std::vector<Diagnostic> found_;
+};
+
+// Keeps so many of each code.
+void apply_limit(Diagnosis& diagnosis, std::uint64_t limit) {
+    if (limit == 0) {
+        return;
+    }
+    std::map<std::string_view, std::uint64_t> counts;
+    diagnosis.omitted += std::erase_if(diagnosis.diagnostics,
+                                       [&](const Diagnostic& diagnostic) { return ++counts[diagnostic.code] > limit; });
+}
+
+}  // namespace
+
+Diagnosis diagnose(std::string_view text, const SchemaSource& schema, const DiagnoseOptions& options) {
+    Diagnosis diagnosis;
+    diagnosis.document = read_document(text, schema.rules, true);
+    const TextPositions positions(text);
+    Diagnoser(positions, schema.rules, diagnosis).run(text, schema.rules);
+    apply_limit(diagnosis, options.limit_per_code);
+    return diagnosis;
+}
+
+Diagnosis diagnose(AIPData document, const SchemaSource& schema, const DiagnoseOptions& options) {
+    Diagnosis diagnosis;
+    diagnosis.document = std::move(document);
+    for (const RuleFinding& finding : DocumentCheck::run(schema.rules, diagnosis.document)) {
+        Diagnostic diagnostic =
+            without_place(to_severity(finding.issue.severity), finding.issue.code, finding.issue.message);
+        diagnostic.subject = subject_of(finding.records);
+        diagnosis.diagnostics.push_back(std::move(diagnostic));
+    }
+    apply_limit(diagnosis, options.limit_per_code);
+    return diagnosis;
+}
+
+Diagnostic to_diagnostic(const ValidationIssue& issue, const TextPositions& text) {
+    Diagnostic diagnostic = without_place(to_severity(issue.severity), issue.code, issue.message);
+    if (issue.location) {
+        diagnostic.range = range_of(text, *issue.location);
+    }
+    return diagnostic;
+}
+
+}  // namespace velk::input::amesp
