@@ -1,14 +1,13 @@
 // '!' lines.
-#include <map>
 #include <string>
 
 #include <velk/core/text_view.hpp>
 
-#include "overlay/align.hpp"
+#include "overlay/method_words.hpp"
 #include "overlay/overlay.hpp"
 #include "overlay/partners.hpp"
 #include "overlay/read_back.hpp"
-#include "overlay/words.hpp"
+#include "overlay/token_partners.hpp"
 
 namespace velk::input::amesp::overlay {
 namespace {
@@ -17,20 +16,9 @@ std::string key_of(const InputSchema& schema, const MethodToken& token) {
     return schema.canonical_method_token(token.canonical.empty() ? token.text : token.canonical);
 }
 
-// What stands in the place of one word of a method line.
-struct WordChange {
-    std::vector<std::string> before;  // words that are new in front of it
-    std::vector<std::string> after;   // and behind it
-    bool kept = true;
-    std::string text;  // instead of the word, when not empty
-};
-
-// The words of one method line, with the offsets that they really have: a location does not tell when a word begins
-// with the marker itself.
 struct MethodLine {
     std::size_t line = 0;
-    std::vector<std::string_view> words;
-    std::vector<WordChange> changes;  // one for each word
+    MethodWords words;
 };
 
 class MethodLines {
@@ -42,21 +30,21 @@ public:
         if (before_.method_tokens == after_.method_tokens) {
             return;
         }
-        const std::vector<std::string> old_keys = keys_of(before_);
-        const std::vector<std::string> new_keys = keys_of(after_);
-        const auto old_key = [&](std::size_t i) -> const std::string& { return old_keys[i]; };
-        const auto new_key = [&](std::size_t i) -> const std::string& { return new_keys[i]; };
-        const auto same = [&](std::size_t old, std::size_t i) { return old_keys[old] == new_keys[i]; };
-        partners_ = Aligner(old_keys.size(), new_keys.size(), old_key, new_key, same).run();
+        const KeyedTokens old_tokens{before_.method_tokens, keys_of(before_)};
+        const KeyedTokens new_tokens{after_.method_tokens, keys_of(after_)};
+        std::optional<std::vector<std::size_t>> found = token_partners(old_tokens, new_tokens);
+        if (!found) {
+            return overlay_.problems.not_of_this_text("The list of method-line tokens", std::nullopt);
+        }
+        partners_ = *std::move(found);
         find_words();
         mark_removed();
-        NextPartner next_partner(partners_);
-        for (std::size_t i = 0; i < new_keys.size(); ++i) {
-            if (partners_[i] == no_partner || old_keys[partners_[i]] != new_keys[i]) {
-                place(i, next_partner.from(i));
+        for (std::size_t i = 0; i < partners_.size(); ++i) {
+            if (partners_[i] != no_partner && old_tokens.keys[partners_[i]] != new_tokens.keys[i]) {
+                respell(i);
             }
-            previous_ = partners_[i] == no_partner ? previous_ : partners_[i];
         }
+        add_new();
         write();
     }
 
@@ -79,19 +67,18 @@ private:
     }
 
     void add_line(std::size_t line) {
-        const std::string_view raw = overlay_.lines.raw(line);
-        lines_.push_back({line, words_from(raw, raw.find('!') + 1), {}});
-        lines_.back().changes.resize(lines_.back().words.size());
-        for (std::size_t word = 0; word < lines_.back().words.size(); ++word) {
-            if (overlay_.preserve_unknown || overlay_.schema.is_known_method_token(lines_.back().words[word])) {
+        const MethodLine& added = lines_.emplace_back(MethodLine{line, method_words(overlay_.lines.raw(line))});
+        const std::vector<std::string_view>& words = added.words.words;
+        for (std::size_t word = 0; word < words.size(); ++word) {
+            if (overlay_.preserve_unknown || overlay_.schema.is_known_method_token(words[word])) {
                 place_of_token_.emplace_back(lines_.size() - 1, word);
             }
         }
     }
 
+    MethodLine& line_with(std::size_t old_token) { return lines_[place_of_token_[old_token].first]; }
     WordChange& change_of(std::size_t old_token) {
-        const auto& [line, word] = place_of_token_[old_token];
-        return lines_[line].changes[word];
+        return line_with(old_token).words.changes[place_of_token_[old_token].second];
     }
 
     void mark_removed() {
@@ -101,7 +88,7 @@ private:
         }
     }
 
-    // The spelling of a token that reads back as it; empty when there is none.
+    // The spelling of a token that reads back as it; empty when there is none, which is reported.
     std::string spelling(const MethodToken& token) const {
         const std::string wanted = key_of(overlay_.schema, token);
         for (const std::string& candidate : {wanted, token.text}) {
@@ -110,33 +97,43 @@ private:
                 return candidate;
             }
         }
+        overlay_.problems.cannot_write("Method-line token '" + token.text + "'", token.location);
         return {};
     }
 
-    void place(std::size_t i, std::size_t next) {
-        const MethodToken& token = after_.method_tokens[i];
-        std::string text = spelling(token);
-        if (text.empty()) {
-            return overlay_.problems.cannot_write("Method-line token '" + token.text + "'", token.location);
+    void respell(std::size_t i) { change_of(partners_[i]).text = spelling(after_.method_tokens[i]); }
+
+    void add_new() {
+        NextPartner next_partner(partners_);
+        std::size_t previous = no_partner;  // of the tokens so far, the last that has one
+        for (std::size_t i = 0; i < partners_.size(); ++i) {
+            if (partners_[i] != no_partner) {
+                previous = partners_[i];
+            } else {
+                add(after_.method_tokens[i], previous, next_partner.from(i));
+            }
         }
-        if (partners_[i] != no_partner) {
-            change_of(partners_[i]).text = std::move(text);
-        } else if (previous_ != no_partner) {
-            change_of(previous_).after.push_back(std::move(text));
-        } else if (next != no_partner) {
-            change_of(next).before.push_back(std::move(text));
-        } else {
-            fresh_.push_back(std::move(text));
+    }
+
+    void add(const MethodToken& token, std::size_t previous, std::size_t next) {
+        if (previous == no_partner && next == no_partner) {
+            return add_word(fresh_, spelling(token));
+        }
+        add_word(previous != no_partner ? change_of(previous).after : change_of(next).before, spelling(token));
+    }
+
+    static void add_word(std::vector<std::string>& words, std::string word) {
+        if (!word.empty()) {
+            words.push_back(std::move(word));
         }
     }
 
     void write() {
         for (const MethodLine& line : lines_) {
-            const std::string_view raw = overlay_.lines.raw(line.line);
-            std::string text = changed(raw, line);
+            std::string text = changed(line.words);
             if (text.empty()) {
                 overlay_.patch.drop(line.line);
-            } else if (text != raw) {
+            } else if (text != line.words.raw) {
                 overlay_.patch.replace(line.line, std::move(text));
             }
         }
@@ -147,37 +144,6 @@ private:
             }
             overlay_.patch.insert(place_of_new_line(), InsertOrder::method_line, std::move(text));
         }
-    }
-
-    // The line with its changes; empty when no word is left.
-    static std::string changed(std::string_view raw, const MethodLine& line) {
-        const std::size_t marker_end = raw.find('!') + 1;
-        std::string text(raw.substr(0, marker_end));
-        bool any = false;
-        const std::string_view first_gap = raw.substr(marker_end, offset_in(raw, line.words.front()) - marker_end);
-        const auto add = [&](std::string_view gap, std::string_view word) {
-            const bool beside_marker = !any && first_gap.empty();
-            text += beside_marker ? std::string_view() : gap.empty() ? std::string_view(" ") : gap;
-            text += word;
-            any = true;
-        };
-        std::size_t cursor = marker_end;
-        for (std::size_t i = 0; i < line.words.size(); ++i) {
-            const WordChange& change = line.changes[i];
-            const std::size_t begin = offset_in(raw, line.words[i]);
-            for (const std::string& word : change.before) {
-                add(first_gap, word);
-            }
-            if (change.kept) {
-                add(raw.substr(cursor, begin - cursor), change.text.empty() ? line.words[i] : change.text);
-            }
-            for (const std::string& word : change.after) {
-                add(" ", word);
-            }
-            cursor = begin + line.words[i].size();
-        }
-        text += raw.substr(cursor);
-        return any ? text : std::string();
     }
 
     std::size_t place_of_new_line() const {
@@ -192,7 +158,6 @@ private:
     const AIPData& before_;
     const AIPData& after_;
     std::vector<std::size_t> partners_;
-    std::size_t previous_ = no_partner;  // of the tokens placed so far, the last that has one
     std::vector<MethodLine> lines_;
     std::vector<std::pair<std::size_t, std::size_t>> place_of_token_;  // line and word of every old token
     std::vector<std::string> fresh_;                                   // tokens of a document that had none

@@ -138,7 +138,7 @@ TEST(NotWritten, IsNamedInTheMessage) {
 TEST(NotWritten, IsWhatDoesNotGoWithTheText) {
     const std::string code = "amesp.not_of_this_text";
     const std::string text =
-        "# c\n% title x\n% nprocs 1\n! hf\n# d\n>scf\n  note a\n  conv 1\nend\n>notes\nfree\nend\n";
+        "# c\n% title x\n% nprocs 1\n! hf opt\n# d\n>scf\n  note a\n  conv 1\nend\n>notes\nfree\nend\n";
     const auto change = [](auto edit) {
         return [=](AIPEditor& editor) {
             auto data = editor.data();
@@ -150,6 +150,14 @@ TEST(NotWritten, IsWhatDoesNotGoWithTheText) {
         {"directives in another order", text,
          change([](auto& data) { std::swap(data.directives[0], data.directives[1]); }), text, code},
         {"a directive of another text", text, change([](auto& data) { data.directives[1].location->line = 77; }), text,
+         code},
+        {"tokens in another order", text,
+         change([](auto& data) { std::swap(data.method_tokens[0], data.method_tokens[1]); }), text, code},
+        {"a token of another line", text, change([](auto& data) { data.method_tokens[0].location->line = 1; }), text,
+         code},
+        {"a token of another column", text, change([](auto& data) { data.method_tokens[1].location->column = 4; }),
+         text, code},
+        {"a token twice", text, change([](auto& data) { data.method_tokens.push_back(data.method_tokens[1]); }), text,
          code},
         {"sections in another order", text, change([](auto& data) { std::swap(data.sections[0], data.sections[1]); }),
          text, code},
@@ -165,7 +173,7 @@ TEST(NotWritten, IsWhatDoesNotGoWithTheText) {
 
 TEST(NotWritten, NamesTheListThatDoesNotGoWithTheText) {
     const auto changed = [](auto edit) {
-        return laid_over("# c\n% a\n% b\n>scf\n  note a\n  conv 1\nend\n>opt\nend\n", [&](AIPEditor& editor) {
+        return laid_over("# c\n% a\n% b\n! hf opt\n>scf\n  note a\n  conv 1\nend\n>opt\nend\n", [&](AIPEditor& editor) {
             auto data = editor.data();
             edit(data);
             editor.set_data(data);
@@ -177,10 +185,13 @@ TEST(NotWritten, NamesTheListThatDoesNotGoWithTheText) {
     const auto entries = changed([](auto& d) { std::swap(d.sections[0].entries[0], d.sections[0].entries[1]); });
     ASSERT_EQ(entries.problems.size(), 1U);
     EXPECT_EQ(entries.problems[0].message, message("The list of entries of section '>scf'"));
-    EXPECT_EQ(entries.problems[0].location->line, 4U);
+    EXPECT_EQ(entries.problems[0].location->line, 5U);
     const auto directives = changed([](auto& d) { std::swap(d.directives[0], d.directives[1]); });
     ASSERT_EQ(directives.problems.size(), 1U);
     EXPECT_EQ(directives.problems[0].message, message("The list of directives"));
+    const auto tokens = changed([](auto& d) { std::swap(d.method_tokens[0], d.method_tokens[1]); });
+    ASSERT_EQ(tokens.problems.size(), 1U);
+    EXPECT_EQ(tokens.problems[0].message, message("The list of method-line tokens"));
     const auto sections = changed([](auto& d) { std::swap(d.sections[0], d.sections[1]); });
     ASSERT_EQ(sections.problems.size(), 1U);
     EXPECT_EQ(sections.problems[0].message, message("The list of sections"));

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstring>
 #include <map>
+#include <utility>
 #include <velk/core/text.hpp>
 
 namespace velk::test {
@@ -62,9 +63,40 @@ private:
         }
     }
 
+    void compare_tokens() {
+        const auto& now = after_.method_tokens;
+        const bool set_anew = std::none_of(now.begin(), now.end(), [](const MethodToken& t) { return t.location; });
+        return set_anew ? compare_tokens_set_anew() : compare_located_tokens();
+    }
+
+    // Only the line of the token before takes new tokens in, or of the one after when there is none before.
+    void compare_located_tokens() {
+        std::map<std::pair<std::uint64_t, std::uint64_t>, const MethodToken*> left;
+        const MethodToken* neighbour = nullptr;
+        bool new_in_front = false;
+        for (const MethodToken& token : after_.method_tokens) {
+            if (token.location) {
+                left[{token.location->line, token.location->column}] = &token;
+                neighbour = &token;
+                new_in_front ? touch(token) : void();
+                new_in_front = false;
+            } else if (neighbour != nullptr) {
+                touch(*neighbour);
+            } else {
+                new_in_front = true;
+            }
+        }
+        for (const MethodToken& token : before_.method_tokens) {
+            const auto found = left.find({token.location->line, token.location->column});
+            if (found == left.end() || found->second->canonical != token.canonical) {
+                touch(token);
+            }
+        }
+    }
+
     // Tokens up to the first that differs keep their bytes, and so do those from the last that differs on; only the
     // line of the last equal one may take new tokens in.
-    void compare_tokens() {
+    void compare_tokens_set_anew() {
         const auto& old = before_.method_tokens;
         const auto& now = after_.method_tokens;
         const auto same = [](const MethodToken& a, const MethodToken& b) { return a.canonical == b.canonical; };

@@ -71,18 +71,17 @@ public:
     // been read from that very text, with that `preserve_unknown`; the editor's operations are what may have happened
     // to it since. Without edits the text comes back as it is.
     //
-    // - A record is found again by its location. Its line changes in the bytes of its value alone; the line of a
-    //   removed record goes, of a removed section all from its header to its "end", with one of the blank lines
-    //   around it; of a removed token the word.
+    // - A record is found again by its location, and a token that was set anew by its name. Its line changes in the
+    //   bytes of its value alone; the line of a removed record goes, of a removed section all from its header to its
+    //   "end", with one of the blank lines around it; of a removed token the word.
     // - A new directive follows the last one, or stands above the method line and the comments right above that; a new
-    // token follows the one before it
-    //   in the list; a new entry follows the last of its section; both are laid out as most of their neighbours are. A
-    //   new section comes last, after a blank line, but before comments that end the text. A new geometry stands where
-    //   the first removed one stood, and shares the lines of equal atoms.
-    // - Names and values are written as `render` spells them; an entry whose value holds a '=' as "key = value". Each
-    //   written line is read back; one that would not give its record is not written but reported, and what the text
-    //   had in its place stays. Lists that do not go with the text (locations of another text, another order, changed
-    //   comments or kept lines) are reported, and left alone likewise.
+    //   token follows the one before it in the list; a new entry follows the last of its section; directive and entry
+    //   are laid out as most of their neighbours are. A new section comes last, after a blank line, but before comments
+    //   that end the text. A new geometry stands where the first removed one stood, and shares the lines of equal atoms.
+    // - Names and values are written as `render` spells them; an entry whose value holds a '=' as "key = value".
+    //   Each written line is read back; one that would not give its record is not written but reported, and what the
+    //   text had in its place stays. Lists that do not go with the text (locations of another text, another order,
+    //   changed comments or kept lines) are reported, and left alone likewise.
     // - A missing last "end" or line end is added when something has to follow it; the "end" also when the section was
     //   set to be terminated. Added lines end like the line before them.
     // - A new geometry takes over the words after charge and multiplicity in the header of the old one, if that was
