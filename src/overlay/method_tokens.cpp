@@ -3,6 +3,7 @@
 
 #include <velk/core/text_view.hpp>
 
+#include "model/key.hpp"
 #include "overlay/method_words.hpp"
 #include "overlay/overlay.hpp"
 #include "overlay/partners.hpp"
@@ -88,10 +89,12 @@ private:
         }
     }
 
-    // The spelling of a token that reads back as it; empty when there is none, which is reported.
-    std::string spelling(const MethodToken& token) const {
+    // The spelling of a token that reads back as it; empty when there is none, which is reported. Between words with
+    // `capitals` a name keeps those that were typed.
+    std::string spelling(const MethodToken& token, bool capitals) const {
         const std::string wanted = key_of(overlay_.schema, token);
-        for (const std::string& candidate : {wanted, token.text}) {
+        const bool as_typed = capitals && same_key(token.text, wanted);
+        for (const std::string& candidate : {as_typed ? token.text : wanted, wanted, token.text}) {
             const std::optional<MethodToken> read = read_method_token(candidate, overlay_.schema);
             if (read && key_of(overlay_.schema, *read) == wanted) {
                 return candidate;
@@ -101,7 +104,10 @@ private:
         return {};
     }
 
-    void respell(std::size_t i) { change_of(partners_[i]).text = spelling(after_.method_tokens[i]); }
+    void respell(std::size_t i) {
+        const std::size_t partner = partners_[i];
+        change_of(partner).text = spelling(after_.method_tokens[i], line_with(partner).words.capitals);
+    }
 
     void add_new() {
         NextPartner next_partner(partners_);
@@ -117,9 +123,11 @@ private:
 
     void add(const MethodToken& token, std::size_t previous, std::size_t next) {
         if (previous == no_partner && next == no_partner) {
-            return add_word(fresh_, spelling(token));
+            return add_word(fresh_, spelling(token, false));
         }
-        add_word(previous != no_partner ? change_of(previous).after : change_of(next).before, spelling(token));
+        const MethodLine& line = line_with(previous != no_partner ? previous : next);
+        add_word(previous != no_partner ? change_of(previous).after : change_of(next).before,
+                 spelling(token, line.words.capitals));
     }
 
     static void add_word(std::vector<std::string>& words, std::string word) {

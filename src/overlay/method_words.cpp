@@ -1,12 +1,23 @@
 // The words of a method line, and what becomes of each.
 #include "overlay/method_words.hpp"
 
+#include <algorithm>
+
+#include "model/key.hpp"
 #include "overlay/words.hpp"
 
 namespace velk::input::amesp::overlay {
 
+namespace {
+
+bool holds_capital(std::string_view text) {
+    return std::any_of(text.begin(), text.end(), [](char c) { return to_lower(c) != c; });
+}
+
+}  // namespace
+
 MethodWords method_words(std::string_view raw) {
-    MethodWords line{raw, words_from(raw, raw.find('!') + 1), {}};
+    MethodWords line{raw, words_from(raw, raw.find('!') + 1), {}, holds_capital(raw)};
     line.changes.resize(line.words.size());
     return line;
 }

@@ -22,6 +22,7 @@ struct MethodWords {
     std::string_view raw;
     std::vector<std::string_view> words;
     std::vector<WordChange> changes;  // one for each word
+    bool capitals = false;            // some word holds one
 };
 
 MethodWords method_words(std::string_view raw);

@@ -106,5 +106,32 @@ TEST(MethodTokens, AreFoundInLongLists) {
     });
 }
 
+TEST(MethodTokens, KeepTheCapitalsThatWereTypedInALineThatHasSome) {
+    expect_laid_over({
+        {"in place of another", "! B3LYP def2-SVP\n", set({"b3lyp", "def2-TZVP"}), "! B3LYP def2-TZVP\n"},
+        {"in place of the only one with capitals", "! hf STO-3G\n", set({"hf", "Opt"}), "! hf Opt\n"},
+        {"known", "! HF\n", edits({{}, {"Opt"}}), "! HF Opt\n"},
+        {"unknown", "! HF\n", edits({{}, {"XyZZY"}}), "! HF XyZZY\n"},
+        {"in front", "! HF\n", set({"Opt", "hf"}), "! Opt HF\n"},
+        {"where the one with capitals goes", "! HF opt\n", edits({{"hf"}, {"Freq"}}), "! opt Freq\n"},
+        {"first letter of the alphabet", "! A\n", edits({{}, {"OPT"}}), "! A OPT\n"},
+        {"last letter of the alphabet", "! Z\n", edits({{}, {"OPT"}}), "! Z OPT\n"},
+    });
+}
+
+TEST(MethodTokens, AreCanonicalElsewhere) {
+    expect_laid_over({
+        {"no capitals in the line", "! hf\n", edits({{}, {"Opt"}}), "! hf opt\n"},
+        {"none in the word's own line", "! HF\n! sto-3g\n", edits({{}, {"Opt"}}), "! HF\n! sto-3g opt\n"},
+        {"none typed", "! HF\n", edits({{}, {"opt"}}), "! HF opt\n"},
+        {"an alias", "! HF\n", edits({{}, {"B3-LYP"}}), "! HF b3lyp\n"},
+        {"a new line", "% title X\n", edits({{}, {"HF"}}), "% title X\n! hf\n"},
+        {"typed with white space", "! HF\n", change([](AIPData& data) {
+             data.method_tokens.push_back({" Opt", "opt", "", true, {}});
+         }),
+         "! HF opt\n"},
+    });
+}
+
 }  // namespace
 }  // namespace velk::test

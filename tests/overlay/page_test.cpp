@@ -67,7 +67,7 @@ const std::map<std::string, Edit>& edits_of_the_page() {
         VELK_EDIT(editor.remove_directive("nprocs");),
         VELK_EDIT(editor.remove_method_token("d3bj");),
         VELK_EDIT(editor.add_method_token("freq");),
-        VELK_EDIT(editor.set_method_tokens({"b3lyp", "def2-tzvp", "d3bj", "opt"});),
+        VELK_EDIT(editor.set_method_tokens({"b3lyp", "def2-TZVP", "d3bj", "opt"});),
         VELK_EDIT(editor.set_section_entry("scf", "maxcyc", "50");),
         VELK_EDIT(editor.set_section_entry("scf", "guess", "core");),
         VELK_EDIT(editor.remove_section_entry("scf", "maxcyc");),

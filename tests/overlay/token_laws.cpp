@@ -129,7 +129,11 @@ private:
             if (!in_place_of_old && now_[i].line != now_[i - 1].line) {
                 return "a new word not in the line of the one before";
             }
-            if (now_[i].word != after_.method_tokens[i].canonical) {
+            const bool capitals = std::any_of(old_.begin(), old_.end(), [&](const TokenPiece& piece) {
+                return piece.line == now_[i].line && piece.word != lower(piece.word);
+            });
+            const MethodToken& token = after_.method_tokens[i];
+            if (now_[i].word != (capitals ? token.text : token.canonical)) {
                 return "a new word not spelt like its line";
             }
         }

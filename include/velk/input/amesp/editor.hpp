@@ -78,7 +78,8 @@ public:
     //   token follows the one before it in the list; a new entry follows the last of its section; directive and entry
     //   are laid out as most of their neighbours are. A new section comes last, after a blank line, but before comments
     //   that end the text. A new geometry stands where the first removed one stood, and shares the lines of equal atoms.
-    // - Names and values are written as `render` spells them; an entry whose value holds a '=' as "key = value".
+    // - A new token keeps its capitals where the schema only lowers them and a word of its line has some.
+    // - Other names and values are written as `render` spells them; an entry whose value holds a '=' as "key = value".
     //   Each written line is read back; one that would not give its record is not written but reported, and what the
     //   text had in its place stays. Lists that do not go with the text (locations of another text, another order,
     //   changed comments or kept lines) are reported, and left alone likewise.
