@@ -143,6 +143,12 @@ constexpr auto table = std::to_array<CodeInfo>({
      "was changed that the editor's operations leave alone. The text stays as it was there.",
      "", "", "Give `render_over` the text that the document was parsed from, and edit with the editor's operations.",
      ""},
+    {codes::remark_in_method_line, Severity::error,
+     "An edit adds a token to a method line that holds a word beginning with '#'. The remark's words are method-line "
+     "tokens to the format, and the new one would stand among them. Nothing is written.",
+     "! hf sto-3g  # a first try\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "# a first try\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Move the remark to a line of its own above, then add the token.", ""},
     {codes::unknown_directive, Severity::warning, "The schema does not know a directive. It is kept as it is.",
      "% maxcor 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",

@@ -9,6 +9,7 @@
 #include "overlay/partners.hpp"
 #include "overlay/read_back.hpp"
 #include "overlay/token_partners.hpp"
+#include "overlay/words.hpp"
 
 namespace velk::input::amesp::overlay {
 namespace {
@@ -20,6 +21,7 @@ std::string key_of(const InputSchema& schema, const MethodToken& token) {
 struct MethodLine {
     std::size_t line = 0;
     MethodWords words;
+    std::string_view remark;  // of the words that stay; empty when there is none
 };
 
 class MethodLines {
@@ -45,6 +47,9 @@ public:
                 respell(i);
             }
         }
+        for (MethodLine& line : lines_) {
+            line.remark = remark_left(line.words);
+        }
         add_new();
         write();
     }
@@ -68,7 +73,7 @@ private:
     }
 
     void add_line(std::size_t line) {
-        const MethodLine& added = lines_.emplace_back(MethodLine{line, method_words(overlay_.lines.raw(line))});
+        const MethodLine& added = lines_.emplace_back(MethodLine{line, method_words(overlay_.lines.raw(line)), {}});
         const std::vector<std::string_view>& words = added.words.words;
         for (std::size_t word = 0; word < words.size(); ++word) {
             if (overlay_.preserve_unknown || overlay_.schema.is_known_method_token(words[word])) {
@@ -126,6 +131,10 @@ private:
             return add_word(fresh_, spelling(token, false));
         }
         const MethodLine& line = line_with(previous != no_partner ? previous : next);
+        if (!line.remark.empty()) {
+            const std::size_t column = offset_in(line.words.raw, line.remark) + 1;
+            return overlay_.problems.remark_in_method_line(token.text, {line.line + 1, column, line.remark.size()});
+        }
         add_word(previous != no_partner ? change_of(previous).after : change_of(next).before,
                  spelling(token, line.words.capitals));
     }

@@ -22,6 +22,16 @@ MethodWords method_words(std::string_view raw) {
     return line;
 }
 
+std::string_view remark_left(const MethodWords& line) {
+    for (std::size_t i = 0; i < line.words.size(); ++i) {
+        const WordChange& change = line.changes[i];
+        if (change.kept && change.text.empty() && line.words[i].front() == '#') {
+            return line.words[i];
+        }
+    }
+    return {};
+}
+
 std::string changed(const MethodWords& line) {
     const std::string_view raw = line.raw;
     const std::size_t marker_end = raw.find('!') + 1;

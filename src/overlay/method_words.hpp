@@ -27,6 +27,9 @@ struct MethodWords {
 
 MethodWords method_words(std::string_view raw);
 
+// The first word that begins with '#' and stays as it is: to a reader a remark begins there. Empty when there is none.
+std::string_view remark_left(const MethodWords& line);
+
 // The line with its changes; empty when no word is left.
 std::string changed(const MethodWords& line);
 

@@ -36,4 +36,12 @@ void Problems::kept_unit(const Section& section, std::string_view word) {
                        section.location});
 }
 
+void Problems::remark_in_method_line(std::string_view token, const SourceLocation& remark) {
+    issues_.push_back(error(codes::remark_in_method_line,
+                            "Method-line token '" + std::string(token) +
+                                "' was not added: the line holds a remark, whose words are method-line tokens to the "
+                                "format; move the remark to a line of its own above.",
+                            remark));
+}
+
 }  // namespace velk::input::amesp::overlay

@@ -20,6 +20,9 @@ public:
     // operation offers.
     void not_of_this_text(std::string_view what, const std::optional<SourceLocation>& location);
 
+    // A method-line token, new, would stand among words of a remark in its line; `remark` is where that begins.
+    void remark_in_method_line(std::string_view token, const SourceLocation& remark);
+
     // Bytes of the text that an edit takes along although it does not name them; `what` says what goes, "The words 'x'
     // of ... go".
     void dropped_words(std::string_view what, const std::optional<SourceLocation>& location);

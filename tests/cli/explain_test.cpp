@@ -46,8 +46,8 @@ TEST(Explain, ListsEveryCodeOnce) {
             "amesp.invalid_xyz_header", "amesp.invalid_xyz_record", "amesp.kept_unit", "amesp.loose_line",
             "amesp.missing_geometry", "amesp.missing_method_line", "amesp.missing_required_entry",
             "amesp.missing_required_section", "amesp.multiple_geometry_sections", "amesp.multiple_method_lines",
-            "amesp.not_expressible", "amesp.not_of_this_text", "amesp.unknown_directive", "amesp.unknown_entry",
-            "amesp.unknown_method_token", "amesp.unknown_section", "amesp.unterminated_section",
+            "amesp.not_expressible", "amesp.not_of_this_text", "amesp.remark_in_method_line", "amesp.unknown_directive",
+            "amesp.unknown_entry", "amesp.unknown_method_token", "amesp.unknown_section", "amesp.unterminated_section",
             "amesp.value_above_maximum", "amesp.value_below_minimum"));
 }
 
@@ -55,8 +55,8 @@ TEST(Explain, GivesABadExampleThatHasTheFindingAndAGoodOneWithoutAny) {
     const TempDir dir;
     for (const std::string& code : listed_codes()) {
         if (code == "amesp.not_expressible" || code == "amesp.not_of_this_text" || code == "amesp.dropped_words" ||
-            code == "amesp.kept_unit") {
-            continue;  // no input has them, see below
+            code == "amesp.kept_unit" || code == "amesp.remark_in_method_line") {
+            continue;  // no input has them, but edits, see below
         }
         const ProgramRun explained = run_program({"explain", code});
         EXPECT_EQ(explained.status, 0);
@@ -111,6 +111,22 @@ TEST(Explain, GivesABadEditThatIsRefusedAndAGoodOneThatIsNot) {
     EXPECT_EQ(read_file(dir / "out"), "");
     EXPECT_EQ(run(block(text, "Good:")), 0);
     EXPECT_THAT(read_file(dir / "out"), testing::StartsWith("! hf sto-3g two words\n"));
+}
+
+TEST(Explain, GivesATextThatRefusesANewTokenAndOneThatTakesIt) {
+    const std::string text = run_program({"explain", "amesp.remark_in_method_line"}).out;
+    const auto add_token = [&](const std::string& input) {
+        const char* const schema = VELK_SOURCE_DIRECTORY "/schemas/input/amesp.yaml";
+        return run_program({"set", "--schema", schema, "--force", "--add-token", "opt", "-"}, {.input = input});
+    };
+    const ProgramRun bad = add_token(block(text, "Bad:"));
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_EQ(bad.out, "");
+    EXPECT_THAT(bad.err, testing::StartsWith("<stdin>:1:14: error: Method-line token 'opt' was not added: "));
+    EXPECT_THAT(bad.err, HasSubstr("[amesp.remark_in_method_line]"));
+    const ProgramRun good = add_token(block(text, "Good:"));
+    EXPECT_EQ(good.status, 0);
+    EXPECT_THAT(good.out, testing::StartsWith("# a first try\n! hf sto-3g opt\n"));
 }
 
 TEST(Explain, TakesACodeWithoutItsFirstWord) {

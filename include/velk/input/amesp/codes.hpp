@@ -53,6 +53,7 @@ inline constexpr std::string_view multiple_geometry_sections = "amesp.multiple_g
 inline constexpr std::string_view multiple_method_lines = "amesp.multiple_method_lines";
 inline constexpr std::string_view not_expressible = "amesp.not_expressible";
 inline constexpr std::string_view not_of_this_text = "amesp.not_of_this_text";
+inline constexpr std::string_view remark_in_method_line = "amesp.remark_in_method_line";
 inline constexpr std::string_view unknown_directive = "amesp.unknown_directive";
 inline constexpr std::string_view unknown_entry = "amesp.unknown_entry";
 inline constexpr std::string_view unknown_method_token = "amesp.unknown_method_token";

@@ -23,7 +23,8 @@ struct OverlayOptions {
 struct OverlayResult {
     std::string text;
     // Of error severity what was not written: "amesp.not_expressible" for a record that no line reads back as,
-    // "amesp.not_of_this_text" for a list that does not go with the text. Without one the text holds the document.
+    // "amesp.not_of_this_text" for a list that does not go with the text, "amesp.remark_in_method_line" for a new
+    // token whose line holds a remark. Without one the text holds the document.
     // Warnings: "amesp.dropped_words" for words of the text that went although no record of the document holds them, or
     // as the remark of a value; "amesp.kept_unit" for a word that stays in the header of a new geometry and names
     // another unit than angstrom, when the atoms are not those of before. What is right then, the caller must know.
@@ -77,8 +78,10 @@ public:
     // - A new directive follows the last one, or stands above the method line and the comments right above that; a new
     //   token follows the one before it in the list; a new entry follows the last of its section; directive and entry
     //   are laid out as most of their neighbours are. A new section comes last, after a blank line, but before comments
-    //   that end the text. A new geometry stands where the first removed one stood, and shares the lines of equal atoms.
-    // - A new token keeps its capitals where the schema only lowers them and a word of its line has some.
+    //   that end the text. A new geometry stands where the first removed one stood, and shares the lines of equal
+    //   atoms.
+    // - A new token keeps its capitals where the schema only lowers them and a word of its line has some. None is added
+    //   to a method line that keeps a word beginning with '#'; it is reported instead.
     // - Other names and values are written as `render` spells them; an entry whose value holds a '=' as "key = value".
     //   Each written line is read back; one that would not give its record is not written but reported, and what the
     //   text had in its place stays. Lists that do not go with the text (locations of another text, another order,
