@@ -92,7 +92,7 @@ auto validate(const std::string& text, std::size_t issues) {
     return Contest([data] { return schema().validate(data); }, [data] { return floor_validate(data, names()); });
 }
 
-// Both let go of yaml-cpp's nodes, of which a schema keeps nothing.
+// Both let go of their nodes, of which a schema keeps nothing.
 auto load_schema() {
     return Contest([] { return InputSchema::from_yaml(schema_text()); },
                    [] { return YAML::Load(schema_text()).IsMap(); });

@@ -98,7 +98,7 @@ void use(const InputSchema& schema) {
 void run(const std::string& input) {
     const std::string difference = oracle::difference_in_loading(input);
     require(difference.empty(), "the library loads what the model loads", difference);
-    if (oracle::read_schema(input) != nullptr) {
+    if (oracle::read_schema(input).tables != nullptr) {
         use(InputSchema::from_yaml(input));
     }
 }

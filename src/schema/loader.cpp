@@ -1,11 +1,8 @@
-// The schema's YAML format. The only file that sees yaml-cpp.
-//
-// Nodes are taken as const throughout: subscripting a node that is not const would add the key to it.
+// The schema's YAML format.
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
-#include <filesystem>
 #include <iterator>
 #include <locale>
 #include <memory>
@@ -14,75 +11,77 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
+#include <vector>
 
-#include <yaml-cpp/yaml.h>
 #include <velk/core/text_view.hpp>
 #include <velk/input/amesp/schema_tables.hpp>
 
 #include "model/key.hpp"
+#include "schema/yaml_document.hpp"
 
 namespace velk::input::amesp {
 namespace {
 
 using Aliases = StringMap<std::string>;
 
-std::string read_key(const YAML::Node& scalar) {
-    return normalize_key(scalar.Scalar());
+std::string read_key(const YamlNode& scalar) {
+    return normalize_key(scalar.scalar);
 }
 
-using Value = std::optional<YAML::Node>;
+// None where there is no value, else the node itself or what it is an alias of.
+using Value = const YamlNode*;
+
+bool is_of(YamlKind kind, Value value) {
+    return value != nullptr && value->kind == kind;
+}
 
 // What stands in a body under some names, found in one pass; no value where there is none or the body is no mapping.
-// Subscripting would walk the mapping for each name, and make a text for each that is missing.
 template <std::size_t Count>
-std::array<Value, Count> values_under(const YAML::Node& body, const std::string_view (&names)[Count]) {
-    if (!body.IsMap()) {
-        return {};
+std::array<Value, Count> values_under(const YamlNode& body, const std::string_view (&names)[Count]) {
+    std::array<Value, Count> values{};
+    if (body.kind != YamlKind::mapping) {
+        return values;
     }
-    std::array<Value, Count> values;
-    for (const auto& pair : body) {
-        const auto* const name = pair.first.IsScalar()
-                                     ? std::find(std::begin(names), std::end(names), pair.first.Scalar())
+    for_each_yaml_pair(body, [&](const YamlNode& key, const YamlNode& pair_value) {
+        const YamlNode& name_node = yaml_value(key);
+        const auto* const name = name_node.kind == YamlKind::scalar
+                                     ? std::find(std::begin(names), std::end(names), name_node.scalar)
                                      : std::end(names);
         if (name == std::end(names)) {
-            continue;
+            return;
         }
-        if (Value& value = values[static_cast<std::size_t>(name - std::begin(names))]; !value) {
-            value.emplace(pair.second);
+        if (Value& value = values[static_cast<std::size_t>(name - std::begin(names))]; value == nullptr) {
+            value = &yaml_value(pair_value);
         }
-    }
+    });
     return values;
 }
 
 // The scalar, normalised, unless there is none.
-void read_word(const Value& value, std::string& word) {
-    if (value && value->IsScalar()) {
+void read_word(Value value, std::string& word) {
+    if (is_of(YamlKind::scalar, value)) {
         word = read_key(*value);
     }
 }
 
 // A scalar that is no YAML boolean makes the load fail.
-void read_flag(const Value& value, bool& flag) {
-    if (value && value->IsScalar()) {
-        flag = value->as<bool>();
+void read_flag(Value value, bool& flag) {
+    if (is_of(YamlKind::scalar, value)) {
+        flag = yaml_boolean(*value);
     }
 }
 
-std::vector<std::string> read_string_list(const Value& value) {
-    if (!value) {
-        return {};
-    }
+std::vector<std::string> read_string_list(Value value) {
     std::vector<std::string> list;
-    if (value->IsScalar()) {
+    if (is_of(YamlKind::scalar, value)) {
         list.push_back(read_key(*value));
-    } else if (value->IsSequence()) {
-        for (const YAML::Node& item : *value) {
-            if (item.IsScalar()) {
-                list.push_back(read_key(item));
+    } else if (is_of(YamlKind::sequence, value)) {
+        for_each_yaml_item(*value, [&](const YamlNode& item) {
+            if (yaml_value(item).kind == YamlKind::scalar) {
+                list.push_back(read_key(yaml_value(item)));
             }
-        }
+        });
     }
     return list;
 }
@@ -108,25 +107,20 @@ std::optional<double> read_plain_double(const std::string& text) {
     return is_plain && error == std::errc() && stop == end ? std::optional(value) : std::nullopt;
 }
 
-std::optional<double> read_bound(const Value& bound) {
-    if (!bound || !bound->IsScalar()) {
+std::optional<double> read_bound(Value bound) {
+    if (!is_of(YamlKind::scalar, bound)) {
         return std::nullopt;
     }
-    const YAML::Node& node = *bound;
-    if (const std::optional<double> value = read_plain_double(node.Scalar())) {
+    if (const std::optional<double> value = read_plain_double(bound->scalar)) {
         return value;
     }
-    if (const std::optional<double> value = read_stream_double(node.Scalar())) {
+    if (const std::optional<double> value = read_stream_double(bound->scalar)) {
         return value;
     }
-    double special = 0.0;  // the spellings of infinity and NaN
-    if (YAML::convert<double>::decode(node, special) && (special != special || special - special != 0.0)) {
-        return special;
-    }
-    return std::nullopt;
+    return yaml_special_number(bound->scalar);
 }
 
-void add_aliases(Aliases& aliases, const std::string& canonical, const Value& list) {
+void add_aliases(Aliases& aliases, const std::string& canonical, Value list) {
     aliases[canonical] = canonical;
     for (const std::string& alias : read_string_list(list)) {
         aliases[alias] = canonical;
@@ -135,31 +129,30 @@ void add_aliases(Aliases& aliases, const std::string& canonical, const Value& li
 
 // Calls `read(name, body)` for each pair of the mapping, in document order; for nothing if it is none.
 template <class Read>
-void for_each_named(const Value& mapping, Read read) {
-    if (!mapping || !mapping->IsMap()) {
+void for_each_named(Value mapping, Read read) {
+    if (!is_of(YamlKind::mapping, mapping)) {
         return;
     }
-    for (const auto& pair : *mapping) {
-        if (pair.first.IsScalar()) {
-            const YAML::Node& body = pair.second;
-            read(read_key(pair.first), body);
+    for_each_yaml_pair(*mapping, [&](const YamlNode& name, const YamlNode& body) {
+        if (yaml_value(name).kind == YamlKind::scalar) {
+            read(read_key(yaml_value(name)), yaml_value(body));
         }
-    }
+    });
 }
 
 // The same for bodies that may have aliases: a scalar makes the load fail, by a subscript that it does not have.
 template <class Read>
-void for_each_body(const Value& mapping, Read read) {
-    for_each_named(mapping, [&](const std::string& name, const YAML::Node& body) {
-        if (body.IsScalar()) {
-            static_cast<void>(body["aliases"]);
+void for_each_body(Value mapping, Read read) {
+    for_each_named(mapping, [&](const std::string& name, const YamlNode& body) {
+        if (body.kind == YamlKind::scalar) {
+            throw_yaml_subscript(body, "aliases");
         }
         read(name, body);
     });
 }
 
-void read_values(const Value& mapping, StringMap<ValueSpec>& values, Aliases& aliases) {
-    for_each_body(mapping, [&](const std::string& name, const YAML::Node& body) {
+void read_values(Value mapping, StringMap<ValueSpec>& values, Aliases& aliases) {
+    for_each_body(mapping, [&](const std::string& name, const YamlNode& body) {
         const auto [value_type, allowed, min, max, required, alias_list] =
             values_under(body, {"value_type", "allowed", "min", "max", "required", "aliases"});
         ValueSpec spec;
@@ -174,8 +167,8 @@ void read_values(const Value& mapping, StringMap<ValueSpec>& values, Aliases& al
     });
 }
 
-void read_method_tokens(const Value& mapping, InputSchema::Impl& tables) {
-    for_each_body(mapping, [&](const std::string& name, const YAML::Node& body) {
+void read_method_tokens(Value mapping, InputSchema::Impl& tables) {
+    for_each_body(mapping, [&](const std::string& name, const YamlNode& body) {
         const auto [category, alias_list] = values_under(body, {"category", "aliases"});
         MethodSpec spec;
         spec.name = name;
@@ -185,8 +178,8 @@ void read_method_tokens(const Value& mapping, InputSchema::Impl& tables) {
     });
 }
 
-void read_method_prefixes(const Value& mapping, InputSchema::Impl& tables) {
-    for_each_named(mapping, [&](const std::string& prefix, const YAML::Node& body) {
+void read_method_prefixes(Value mapping, InputSchema::Impl& tables) {
+    for_each_named(mapping, [&](const std::string& prefix, const YamlNode& body) {
         const auto [category, applies_to] = values_under(body, {"category", "applies_to_category"});
         MethodPrefixSpec spec;
         spec.prefix = prefix;
@@ -208,8 +201,8 @@ SectionParseMode parse_mode_named(const std::string& word) {
     return SectionParseMode::raw;
 }
 
-void read_sections(const Value& mapping, InputSchema::Impl& tables) {
-    for_each_body(mapping, [&](const std::string& name, const YAML::Node& body) {
+void read_sections(Value mapping, InputSchema::Impl& tables) {
+    for_each_body(mapping, [&](const std::string& name, const YamlNode& body) {
         const auto [parse_mode, required, allow_multiple, entries, alias_list] =
             values_under(body, {"parse_mode", "required", "allow_multiple", "entries", "aliases"});
         SectionSpec spec;
@@ -225,10 +218,10 @@ void read_sections(const Value& mapping, InputSchema::Impl& tables) {
     });
 }
 
-std::shared_ptr<const InputSchema::Impl> build_schema(const YAML::Node& root) {
+std::shared_ptr<const InputSchema::Impl> build_schema(const YamlNode& root) {
     auto tables = std::make_shared<InputSchema::Impl>();
-    if (root.IsScalar()) {
-        static_cast<void>(root["directives"]);
+    if (root.kind == YamlKind::scalar) {
+        throw_yaml_subscript(root, "directives");
     }
     const auto [directives, tokens, prefixes, sections] =
         values_under(root, {"directives", "method_tokens", "method_prefixes", "sections"});
@@ -239,15 +232,6 @@ std::shared_ptr<const InputSchema::Impl> build_schema(const YAML::Node& root) {
     return tables;
 }
 
-YAML::Node load_file(const std::string& path) {
-    // A stream opens a directory and reads nothing from it, which would pass for an empty schema.
-    std::error_code error;
-    if (std::filesystem::is_directory(path, error)) {
-        throw YAML::BadFile(path);
-    }
-    return YAML::LoadFile(path);
-}
-
 }  // namespace
 
 InputSchema InputSchema::from_yaml(std::string_view text) {
@@ -255,7 +239,7 @@ InputSchema InputSchema::from_yaml(std::string_view text) {
         return {};
     }
     try {
-        return InputSchema(build_schema(YAML::Load(std::string(text))));
+        return InputSchema(build_schema(read_yaml(text).root()));
     } catch (const std::exception& error) {
         throw std::runtime_error(std::string("failed to parse AMESP input schema YAML: ") + error.what());
     }
@@ -263,7 +247,7 @@ InputSchema InputSchema::from_yaml(std::string_view text) {
 
 InputSchema InputSchema::from_file(const std::string& path) {
     try {
-        return InputSchema(build_schema(load_file(path)));
+        return InputSchema(build_schema(read_yaml_file(path).root()));
     } catch (const std::exception& error) {
         throw std::runtime_error("failed to load AMESP input schema '" + path + "': " + error.what());
     }

@@ -14,7 +14,9 @@ using test::Shortage;
 
 // Every kind of table and of value, in both styles of YAML.
 constexpr auto every_kind = R"(
+a-rather-long-key: &a-rather-long-anchor !!map {min: -1}
 directives:
+  aliased: *a-rather-long-anchor
   a-rather-long-directive-name: {value_type: real, min: -1.5e-3, max: 2.25, required: true}
   solver: {value_type: enum, allowed: [one, "a rather long allowed value"], aliases: [a-rather-long-alias]}
   bounded: {min: -.inf, max: not-a-number}
@@ -76,6 +78,15 @@ constexpr auto file_prefix = "failed to load AMESP input schema '";
 TEST(FailingAllocation, NeverGivesAPartOfASchema) {
     expect_all_or_error("from_yaml", yaml_prefix, InputSchema::from_yaml(every_kind),
                         [] { return InputSchema::from_yaml(every_kind); });
+}
+
+TEST(FailingAllocation, NeverGivesAPartOfASchemaInUtf16) {
+    std::string text = "\xff\xfe";
+    for (const char byte : std::string_view(every_kind)) {
+        text += std::string{byte, '\0'};
+    }
+    expect_all_or_error("UTF-16", yaml_prefix, InputSchema::from_yaml(every_kind),
+                        [&] { return InputSchema::from_yaml(text); });
 }
 
 TEST(FailingAllocation, LetsTheStatedErrorOutForABadSchema) {

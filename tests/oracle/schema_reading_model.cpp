@@ -148,14 +148,14 @@ Tables read_tables(const YAML::Node& root) {
 
 }  // namespace
 
-TablesHandle read_schema(const std::string& yaml) {
+SchemaReading read_schema(const std::string& yaml) {
     if (trim(yaml).empty()) {
-        return std::make_shared<Tables>();
+        return {std::make_shared<Tables>(), ""};
     }
     try {
-        return std::make_shared<Tables>(read_tables(YAML::Load(yaml)));
-    } catch (const std::exception&) {
-        return nullptr;
+        return {std::make_shared<Tables>(read_tables(YAML::Load(yaml))), ""};
+    } catch (const std::exception& error) {
+        return {nullptr, error.what()};
     }
 }
 

@@ -7,7 +7,12 @@
 
 namespace velk::oracle {
 
-// Null for a text that makes a load fail.
-TablesHandle read_schema(const std::string& yaml);
+// No tables for a text that makes a load fail, but what YAML's own error says.
+struct SchemaReading {
+    TablesHandle tables;
+    std::string failure;
+};
+
+SchemaReading read_schema(const std::string& yaml);
 
 }  // namespace velk::oracle
