@@ -25,8 +25,8 @@ from mutation.mutants import line_of, mutants_of
 from mutation.workshop import Library, Workshop, output, times_of
 
 # Each uses only those before it.
-LAYERS = ["core", "codes", "model", "schema", "validation", "parser", "editor", "overlay", "exchange"]
-ROOMS = [*LAYERS, "oracle", "faults"]
+LAYERS = ["core", "codes", "model", "schema", "validation", "parser", "editor", "overlay", "diagnostics", "formatting", "report", "exchange"]
+ROOMS = [*LAYERS, "oracle", "faults", "cli", "edit"]
 TESTED_ALONE = "include/velk/input/amesp/string_map.hpp"  # by the test that is named after it
 TEXTS = "src/codes/codes.cpp"  # a table of texts, of which docs/codes.md is made
 QUICK = 0.1  # seconds that a test of the first round may take

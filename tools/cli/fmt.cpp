@@ -58,7 +58,7 @@ Formatted formatted(const std::string& text, const InputSchema& schema) {
     return {std::move(canonical), changes ? canonical_changes(editor, text, rendered) : std::vector<Diagnostic>()};
 }
 
-struct Totals {
+struct FormatTotals {
     std::size_t as_they_are = 0;
     std::size_t changed = 0;
     std::size_t refused = 0;
@@ -71,7 +71,7 @@ bool has_error(const std::vector<Diagnostic>& findings) {
 
 // One line for a file that would not stay as it is; with a difference asked for, also why and how.
 int check_file(const FmtOptions& options, const Input& input, const std::string& text, const Formatted& after,
-               Totals& totals) {
+               FormatTotals& totals) {
     const bool refused = has_error(after.findings) && !options.output.force;
     if (after.text == text && !refused) {
         ++totals.as_they_are;
@@ -88,7 +88,7 @@ int check_file(const FmtOptions& options, const Input& input, const std::string&
     return exit_findings;
 }
 
-int format_file(const FmtOptions& options, const Input& input, const InputSchema& schema, Totals& totals) {
+int format_file(const FmtOptions& options, const Input& input, const InputSchema& schema, FormatTotals& totals) {
     const std::string text = read_input(input);
     const Formatted after = formatted(text, schema);
     if (options.check) {
@@ -106,7 +106,7 @@ std::string counted(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " file" : " files");
 }
 
-void print_summary(const Totals& totals, std::size_t inputs) {
+void print_summary(const FormatTotals& totals, std::size_t inputs) {
     const std::size_t checked = totals.as_they_are + totals.changed + totals.refused;
     std::string line = counted(checked) + " checked: " + std::to_string(totals.changed) + " would change";
     if (totals.refused > 0) {
@@ -126,7 +126,7 @@ int run_fmt(const FmtOptions& options) {
     if (!options.check) {
         refuse_several_texts(options.output, inputs.size());
     }
-    Totals totals;
+    FormatTotals totals;
     const int status =
         for_each_input(inputs, [&](const Input& input) { return format_file(options, input, schema, totals); });
     if (options.check && !options.output.quiet) {

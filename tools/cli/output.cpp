@@ -51,7 +51,7 @@ private:
     std::size_t size_ = 0;
 };
 
-void complain(std::string_view message, Layout layout) {
+void print_complaint(std::string_view message, Layout layout) {
     ErrorText text;
     text.add("amesp-inp: ");
     text.add_printable(message, layout);
@@ -93,11 +93,11 @@ bool messages_are_written() {
 }
 
 void complain(std::string_view message) {
-    complain(message, Layout::none);
+    print_complaint(message, Layout::none);
 }
 
 void complain_in_lines(std::string_view message) {
-    complain(message, Layout::lines);
+    print_complaint(message, Layout::lines);
 }
 
 void complain_about_usage(std::string_view verb, std::string_view message) {

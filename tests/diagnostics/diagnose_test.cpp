@@ -1,0 +1,231 @@
+// What there is to tell of a text: each fact once, at its place, with what helps.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "diagnostics/diagnosed.hpp"
+
+namespace velk::input::amesp {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr const char* good = "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n";
+
+struct Case {
+    const char* name;
+    std::string text;
+    std::vector<std::string> places;
+};
+
+void PrintTo(const Case& c, std::ostream* out) {
+    *out << c.name;
+}
+
+class Diagnose : public testing::TestWithParam<Case> {};
+
+TEST_P(Diagnose, GivesEveryFactAPlace) {
+    const Diagnosis diagnosis = diagnose(GetParam().text, small_schema());
+    EXPECT_EQ(places_in(diagnosis), GetParam().places);
+    for (const Diagnostic& diagnostic : diagnosis.diagnostics) {
+        const TextRange& range = *diagnostic.range;
+        const TextPositions text(GetParam().text);
+        EXPECT_EQ(range.offset, text.offset_of(range.start));
+        EXPECT_EQ(range.end, (Position{range.start.line, range.start.column + range.length}));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, Diagnose,
+    testing::Values(
+        Case{"Nothing", good, {}},
+        Case{"Empty", "", {"1:1+0 amesp.missing_method_line", "1:1+0 amesp.missing_geometry"}},
+        Case{"CommentsAlone", "# a\n\n  # b\n", {"1:1+3 amesp.missing_method_line", "3:3+3 amesp.missing_geometry"}},
+        Case{"MissingMethodLineAtTheFirstContent",
+             "# a\n\n >xyz 0 1\n He 0 0 0\nend\n",
+             {"3:2+8 amesp.missing_method_line"}},
+        Case{"MissingGeometryAtTheLastLine", "! hf\n\n  # end\n", {"3:3+5 amesp.missing_geometry"}},
+        Case{"MissingGeometryWithoutLineEnd", "! hf", {"1:1+4 amesp.missing_geometry"}},
+        Case{"ByPlace",
+             "! hff sto-3g\n% maxcor 5\n>xyz 0 0\nend\n",
+             {"1:3+3 amesp.unknown_method_token", "2:1+10 amesp.unknown_directive", "3:1+8 amesp.invalid_multiplicity",
+              "3:1+8 amesp.empty_geometry"}},
+        Case{"SecondOfTwoGeometries",
+             "! hf\n>xyz 0 1\n He 0 0 0\nend\n>zmat\nend\n",
+             {"5:1+5 amesp.multiple_geometry_sections"}},
+        Case{"SecondOfThreeDuplicates",
+             "! hf\n>once\nend\n>xyz 0 1\n He 0 0 0\nend\n>once\nend\n>once\nend\n",
+             {"7:1+5 amesp.duplicate_section"}},
+        Case{"OpenSectionOnce", "! hf\n>xyz 0 1\n He 0 0 0\n", {"2:1+8 amesp.unterminated_section"}},
+        Case{"OpenUnknownSection",
+             "! hf\n>xyz 0 1\n He 0 0 0\nend\n>odd\n",
+             {"5:1+0 amesp.unterminated_section", "5:1+4 amesp.unknown_section"}},
+        Case{"LooseLine", std::string(good) + "loose\n", {"6:1+0 amesp.loose_line"}}),
+    [](const auto& each) { return each.param.name; });
+
+const Diagnostic& only(const Diagnosis& diagnosis) {
+    EXPECT_EQ(diagnosis.diagnostics.size(), 1U);
+    return diagnosis.diagnostics.at(0);
+}
+
+struct Help {
+    const char* name;
+    std::string line;
+    std::vector<std::string> help;
+    std::vector<TextEdit> edits;  // of its only fix, likely
+};
+
+void PrintTo(const Help& c, std::ostream* out) {
+    *out << c.name;
+}
+
+class DiagnoseHelp : public testing::TestWithParam<Help> {};
+
+TEST_P(DiagnoseHelp, SaysWhatWasProbablyMeant) {
+    const std::string text = GetParam().line + "\n! hf\n>xyz 0 1\n He 0 0 0\nend\n";
+    const Diagnosis diagnosis = diagnose(text, small_schema());
+    const Diagnostic& diagnostic = only(diagnosis);
+    EXPECT_EQ(diagnostic.help, GetParam().help);
+    ASSERT_EQ(diagnostic.fixes.size(), GetParam().edits.empty() ? 0U : 1U);
+    if (!diagnostic.fixes.empty()) {
+        EXPECT_EQ(diagnostic.fixes[0].edits, GetParam().edits);
+        EXPECT_EQ(diagnostic.fixes[0].applicability, Applicability::likely);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, DiagnoseHelp,
+    testing::Values(
+        Help{"Boolean", "% gpu maybe", {"allowed values: on, off, true, false, yes, no, 1, 0"}, {}},
+        Help{"Enumeration", "% guess odd", {"allowed values: core, huckel"}, {}},
+        Help{"NothingAllowed", "% none odd", {"the schema allows no value at all"}, {}},
+        Help{"Integer", "% maxcore odd", {}, {}}, Help{"TooSmall", "% maxcore 0", {}, {}},
+        Help{"TooLarge", "% mem 11", {}, {}},
+        Help{"NearDirective", "%  MaxCor  5", {"did you mean 'maxcore'?"}, {{3, 6, "maxcore"}}},
+        Help{"FarDirective", "% nothinglikeit 5", {}, {}},
+        Help{"DirectiveThatIsAToken", "% hf 5", {"'hf' is known as a method-line token: write it on the '!' line"}, {}},
+        Help{"NearToken", "! b3lpy", {"did you mean 'b3lyp'?"}, {}}),
+    [](const auto& each) { return each.param.name; });
+
+TEST(DiagnoseNames, AreFixedWhereTheyStand) {
+    const Diagnosis token = diagnose("!  UB3LPY sto-3g\n>xyz 0 1\n He 0 0 0\nend\n", small_schema());
+    EXPECT_EQ(only(token).subject, (Subject{"token", "", "ub3lpy"}));
+    EXPECT_EQ(only(token).fixes.at(0).edits, (std::vector<TextEdit>{{3, 6, "ub3lyp"}}));
+    EXPECT_EQ(only(token).fixes.at(0).title, "change 'UB3LPY' to 'ub3lyp'");
+
+    const Diagnosis section = diagnose("! hf\n>xyz 0 1\n He 0 0 0\nend\n  > SFC x\nend\n", small_schema());
+    EXPECT_EQ(only(section).subject, (Subject{"section", "", "sfc"}));
+    EXPECT_EQ(only(section).fixes.at(0).edits, (std::vector<TextEdit>{{33, 3, "scf"}}));
+
+    const std::string head = "! hf\n>xyz 0 1\n He 0 0 0\nend\n>scf\n";
+    const Diagnosis words = diagnose(head + "  maxcyce 5\nend\n", small_schema());
+    EXPECT_EQ(only(words).subject, (Subject{"entry", "scf", "maxcyce"}));
+    EXPECT_EQ(only(words).fixes.at(0).edits, (std::vector<TextEdit>{{head.size() + 2, 7, "maxcyc"}}));
+
+    const Diagnosis equals = diagnose(head + "  maxcyce= 5\nend\n", small_schema());
+    EXPECT_EQ(only(equals).fixes.at(0).edits, (std::vector<TextEdit>{{head.size() + 2, 7, "maxcyc"}}));
+}
+
+TEST(DiagnoseNames, AreNotGivenTwice) {
+    const std::string geometry = ">xyz 0 1\n He 0 0 0\nend\n";
+    for (const std::string& text : {"% maxcore 1\n% maxcor 2\n! hf\n" + geometry, "! hf hff\n" + geometry,
+                                    "! hf\n" + geometry + ">once\nend\n>onec\nend\n",
+                                    "! hf\n" + geometry + ">scf\n maxcyce 1\n maxiter 2\nend\n"}) {
+        EXPECT_THAT(only(diagnose(text, small_schema())).fixes, IsEmpty()) << text;
+    }
+    // A section that may repeat is given its name all the same.
+    EXPECT_EQ(only(diagnose("! hf\n" + geometry + ">scf\nend\n>sfc\nend\n", small_schema())).fixes.size(), 1U);
+    const Diagnosis twice = diagnose("% maxcor 1\n% maxcor 2\n! hf\n" + geometry, small_schema());
+    EXPECT_EQ(twice.diagnostics.at(0).fixes.size(), 1U);
+    EXPECT_EQ(twice.diagnostics.at(1).fixes.size(), 0U);
+    EXPECT_EQ(twice.diagnostics.at(1).help, twice.diagnostics.at(0).help);
+}
+
+TEST(DiagnoseNames, AreNotGivenWhereTheyWouldBeReadAsSomethingElse) {
+    const SchemaSource odd = InputSchema::from_yaml(
+        "directives: {'two words': {}, '%percent': {}}\nmethod_tokens: {'!': {}}\n"
+        "sections: {xyz: {parse_mode: xyz}, scf: {parse_mode: key_value, entries: {end: {}, 'a=b': {}}}}\n");
+    const std::string rest = ">xyz 0 1\n He 0 0 0\nend\n";
+    EXPECT_THAT(only(diagnose("% twowords\n! !\n" + rest, odd)).fixes, IsEmpty());
+    EXPECT_THAT(only(diagnose("% percent\n! !\n" + rest, odd)).fixes, IsEmpty());
+    EXPECT_THAT(only(diagnose("! !\n" + rest + ">scf\n ende 1\nend\n", odd)).fixes, IsEmpty());
+    EXPECT_THAT(only(diagnose("! !\n" + rest + ">scf\n a-b 1\nend\n", odd)).fixes, IsEmpty());
+}
+
+TEST(DiagnoseNames, OfMarksAloneHaveNoKnownPlace) {
+    const SchemaSource odd = InputSchema::from_yaml("method_tokens: {'a!': {}}\nsections: {xyz: {parse_mode: xyz}}\n");
+    EXPECT_THAT(only(diagnose("!!!\n>xyz 0 1\n He 0 0 0\nend\n", odd)).fixes, IsEmpty());
+}
+
+TEST(DiagnoseRelated, NamesTheFirstOfTwoAndTheLineThatASectionSwallows) {
+    const Diagnosis geometries = diagnose("! hf\n>xyz 0 1\n He 0 0 0\nend\n>zmat\nend\n", small_schema());
+    ASSERT_EQ(only(geometries).related.size(), 1U);
+    EXPECT_EQ(only(geometries).related[0].message, "the first coordinate section is here");
+    EXPECT_EQ(only(geometries).related[0].range->start, (Position{2, 1}));
+    EXPECT_THAT(only(geometries).help, IsEmpty());
+
+    const Diagnosis twice = diagnose("! hf\n>once\nend\n>xyz 0 1\n He 0 0 0\nend\n>once\nend\n", small_schema());
+    EXPECT_EQ(only(twice).related.at(0).message, "the first one is here");
+
+    const Diagnosis swallowed = diagnose("! hf\n>xyz 0 1\n He 0 0 0\n\n  % maxcore 5\n", small_schema());
+    const Diagnostic& open = swallowed.diagnostics.at(0);
+    EXPECT_EQ(open.code, codes::unterminated_section);
+    EXPECT_EQ(open.related.at(0).message,
+              "this line is read as part of the section; an 'end' was probably meant before it");
+    EXPECT_EQ(open.related.at(0).range->start, (Position{5, 3}));
+    EXPECT_EQ(open.fixes.at(0).edits, (std::vector<TextEdit>{{24, 0, "end\n"}}));
+    EXPECT_EQ(open.fixes.at(0).applicability, Applicability::certain);
+
+    const Diagnosis at_end = diagnose("! hf\n>xyz 0 1\n He 0 0 0\n", small_schema());
+    EXPECT_EQ(only(at_end).help, std::vector<std::string>{"add a line 'end' after the last line of the section"});
+    EXPECT_THAT(only(at_end).related, IsEmpty());
+}
+
+TEST(DiagnoseSubjects, SayWhatAFindingSpeaksOf) {
+    EXPECT_EQ(diagnose("", small_schema()).diagnostics.at(0).subject, (Subject{"document", "", ""}));
+    EXPECT_EQ(only(diagnose(std::string(good) + "loose\n", small_schema())).subject, (Subject{"line", "", ""}));
+    EXPECT_EQ(only(diagnose("% gpu 7\n! hf\n>xyz 0 1\n He 0 0 0\nend\n", small_schema())).subject,
+              (Subject{"directive", "", "gpu"}));
+}
+
+TEST(DiagnoseLimit, CountsWhatIsBeyondIt) {
+    const std::string text = "! hf a b c\n% x 1\n% y 1\n>xyz 0 1\n He 0 0 0\nend\n";
+    EXPECT_EQ(diagnose(text, small_schema()).diagnostics.size(), 5U);
+    const Diagnosis two = diagnose(text, small_schema(), {.limit_per_code = 2});
+    EXPECT_THAT(places_in(two), ElementsAre("1:6+1 amesp.unknown_method_token", "1:8+1 amesp.unknown_method_token",
+                                            "2:1+5 amesp.unknown_directive", "3:1+5 amesp.unknown_directive"));
+    EXPECT_EQ(two.omitted, 1U);
+    EXPECT_EQ(diagnose(text, small_schema(), {.limit_per_code = 1}).omitted, 3U);
+}
+
+TEST(DiagnoseDocument, HasNoPlacesAndKeepsTheOrderOfTheRules) {
+    AIPData document;
+    document.sections.resize(1);
+    document.sections[0].name = "odd";
+    const Diagnosis diagnosis = diagnose(document, small_schema());
+    EXPECT_THAT(places_in(diagnosis),
+                ElementsAre("amesp.missing_method_line", "amesp.unknown_section", "amesp.missing_geometry"));
+    EXPECT_EQ(diagnosis.document, document);
+    EXPECT_EQ(diagnose(document, small_schema(), {.limit_per_code = 1}).omitted, 0U);
+}
+
+TEST(ToDiagnostic, TakesItsPlaceFromTheLocation) {
+    const TextPositions text("ab\ncd\n");
+    const ValidationIssue issue{IssueSeverity::Error, std::string(codes::not_expressible), "m",
+                                SourceLocation{2, 1, 2}};
+    const Diagnostic diagnostic = to_diagnostic(issue, text);
+    EXPECT_EQ(diagnostic.severity, Severity::error);
+    EXPECT_EQ(diagnostic.code, codes::not_expressible);
+    EXPECT_EQ(diagnostic.range, (TextRange{3, 2, {2, 1}, {2, 3}}));
+    EXPECT_EQ(to_diagnostic({IssueSeverity::Warning, "unheard of", "m", std::nullopt}, text).code, "");
+    EXPECT_EQ(to_diagnostic({IssueSeverity::Warning, "unheard of", "m", std::nullopt}, text).severity,
+              Severity::warning);
+}
+
+TEST(NearNames, NameTheNearestOfAList) {
+    EXPECT_EQ(near_names("chek", {"check", "explain"}), "did you mean 'check'?");
+    EXPECT_EQ(near_names("nothing", {"check", "explain"}), "");
+}
+
+}  // namespace
+}  // namespace velk::input::amesp
