@@ -43,6 +43,10 @@ public:
         const auto new_key = [this](std::size_t i) { return key_of(after_[i]); };
         const auto same = [this](std::size_t old, std::size_t i) { return same_atom(before_[old], after_[i]); };
         partners_ = Aligner(before_.size(), after_.size(), old_key, new_key, same).run();
+        if (!change_.replaced && !come_from_this_text()) {
+            return overlay_.problems.not_of_this_text("The list of atoms of section '>" + change_.after.name + "'",
+                                                      change_.after.location);
+        }
         sources_ = moved_from(before_.size(), partners_, old_key, new_key, same);
         for (const std::size_t source : sources_) {
             if (source != no_partner) {
@@ -73,6 +77,22 @@ private:
         const std::size_t number = static_cast<std::size_t>(&atom - after_.data()) + 1;
         overlay_.problems.cannot_write("Atom " + std::to_string(number) + " of section '>" + change_.after.name + "'",
                                        atom.location);
+    }
+
+    // Edits leave an atom the line that it was read from.
+    bool come_from_this_text() const {
+        for (std::size_t i = 0; i < after_.size(); ++i) {
+            const std::size_t old = partners_[i];
+            const bool stays = old != no_partner && same_atom(before_[old], after_[i]);
+            if (!stays && after_[i].location && !holds_line_of(after_[i])) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    bool holds_line_of(const AtomRecord& atom) const {
+        return line_of(atom) < overlay_.lines.size() && overlay_.lines.raw(line_of(atom)) == atom.raw_line;
     }
 
     // Where atoms go that stand before all that stay.

@@ -157,12 +157,27 @@ std::string entry_line(const Overlay& overlay, std::string_view opening, const S
     return {};
 }
 
+namespace {
+
+// Edits leave a record the line that it was read from.
+bool come_from(const std::vector<SectionEntry>& before, const std::vector<SectionEntry>& after,
+               const std::vector<std::size_t>& partner) {
+    for (std::size_t i = 0; i < after.size(); ++i) {
+        if (partner[i] != no_partner && before[partner[i]].raw_line != after[i].raw_line) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
 void lay_entries(Overlay& overlay, const SectionChange& change) {
     const std::vector<SectionEntry> none;
     const std::vector<SectionEntry>& before = change.replaced ? none : change.before.entries;
     const std::vector<SectionEntry>& after = change.after.entries;
     const auto partner = partners(before, after);
-    if (!partner) {
+    if (!partner || !come_from(before, after, *partner)) {
         return overlay.problems.not_of_this_text("The list of entries of section '>" + change.after.name + "'",
                                                  change.after.location);
     }

@@ -81,6 +81,10 @@ std::vector<std::string> section_lines(Overlay& overlay, const Section& section)
     add_atoms(overlay, section, read->parse_mode, lines);
     add_entries(overlay, section, lines);
     add_raw_lines(overlay, section, lines);
+    const bool asks_for_lines = !section.atoms.empty() || !section.entries.empty() || !section.raw_lines.empty();
+    if (asks_for_lines && lines.size() == 1 && read->arguments.empty()) {
+        return {};
+    }
     lines.emplace_back("end");
     return lines;
 }

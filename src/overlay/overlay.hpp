@@ -63,7 +63,7 @@ std::string header_line(const Overlay& overlay, const Section& section);
 // A kept line as rendering would write it; nothing when it would not read back as one.
 std::optional<std::string> raw_line(const Overlay& overlay, std::string_view opening, std::string_view raw);
 
-// All lines of a section that the text did not have; none when it cannot be written.
+// All lines of a section that the text did not have; none when it cannot be written, or nothing of what it should hold.
 std::vector<std::string> section_lines(Overlay& overlay, const Section& section);
 
 }  // namespace velk::input::amesp::overlay

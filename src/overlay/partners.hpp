@@ -12,12 +12,8 @@
 
 namespace velk::input::amesp::overlay {
 
-inline bool same_place(const SourceLocation& a, const SourceLocation& b) {
-    return a.line == b.line && a.column == b.column;
-}
-
 // For every record of `after` the one of `before`, read from the text, that stood at its location, `no_partner` for one
-// without location. Nothing when a location is none of `before`'s or the order is another.
+// without location. Nothing when a location, its length included, is none of `before`'s or the order is another.
 template <class Record>
 std::optional<std::vector<std::size_t>> partners(const std::vector<Record>& before, const std::vector<Record>& after) {
     std::vector<std::size_t> result;
@@ -28,7 +24,7 @@ std::optional<std::vector<std::size_t>> partners(const std::vector<Record>& befo
             result.push_back(no_partner);
             continue;
         }
-        while (next < before.size() && !same_place(*before[next].location, *record.location)) {
+        while (next < before.size() && before[next].location != record.location) {
             ++next;
         }
         if (next == before.size()) {

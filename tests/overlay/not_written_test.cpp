@@ -5,6 +5,7 @@ namespace velk::test {
 namespace {
 
 using input::amesp::AIPEditor;
+using input::amesp::AtomRecord;
 using input::amesp::IssueSeverity;
 
 struct NotWritten {
@@ -73,7 +74,7 @@ TEST(NotWritten, IsWhatNoLineReadsBackAs) {
          [](AIPEditor& editor) {
              editor.upsert_section("opt", {}).atoms.push_back({"H", 0, 0, 0, "", {}});
          },
-         text + "\n>opt\nend\n", code},
+         text, code},
         {"a directive's new name with a blank", text,
          [](AIPEditor& editor) {
              auto data = editor.data();
@@ -83,11 +84,23 @@ TEST(NotWritten, IsWhatNoLineReadsBackAs) {
          text, code},
         {"header arguments that hold body lines", text,
          [](AIPEditor& editor) { editor.upsert_section("scf", {"a\nconv 1"}); }, text, code},
-        {"an entry of a new raw section", "", entry("frob", "a", "1"), ">frob\nend\n", code},
+        {"an entry of a new raw section", text, entry("frob", "a", "1"), text, code},
+        {"an entry of a new raw section with arguments", "",
+         [](AIPEditor& editor) {
+             editor.upsert_section("frob", {"x"});
+             editor.set_section_entry("frob", "a", "1");
+         },
+         ">frob x\nend\n", code},
+        {"an entry of a new raw section with a line", "",
+         [](AIPEditor& editor) {
+             editor.upsert_section("frob", {}).raw_lines = {"  x"};
+             editor.set_section_entry("frob", "a", "1");
+         },
+         ">frob\n  x\nend\n", code},
         {"a kept line of a new section that is an entry", "",
-         [](AIPEditor& editor) { editor.upsert_section("scf", {}).raw_lines = {"a 1"}; }, ">scf\nend\n", code},
+         [](AIPEditor& editor) { editor.upsert_section("scf", {}).raw_lines = {"a 1"}; }, "", code},
         {"a kept line that would end its section", "",
-         [](AIPEditor& editor) { editor.upsert_section("notes", {}).raw_lines = {"End"}; }, ">notes\nend\n", code},
+         [](AIPEditor& editor) { editor.upsert_section("notes", {}).raw_lines = {"End"}; }, "", code},
     });
 }
 
@@ -166,9 +179,56 @@ TEST(NotWritten, IsWhatDoesNotGoWithTheText) {
         {"a directive of another column", text, change([](auto& data) { data.directives[1].location->column = 77; }),
          text, code},
         {"a kept line", text, change([](auto& data) { data.sections[1].raw_lines[0] = "bound"; }), text, code},
+        {"a directive of another length", text, change([](auto& data) { data.directives[1].location->length = 77; }),
+         text, code},
         {"a header comment", text, change([](auto& data) { data.header_comments.clear(); }), text, code},
         {"a later comment", text, change([](auto& data) { data.preserved_lines.push_back("# e"); }), text, code},
     });
+}
+
+// The document of one text, laid over another one.
+TEST(NotWritten, IsADocumentOfAnotherText) {
+    const std::string own = "% title x\n! hf\n>scf\n  note a\nend\n>xyz 0 1\nH 0 0 0\nend\n>notes\nfree\nend\n";
+    const AIPEditor editor(input::amesp::AIPParser::parse_string(own, overlay_schema(), {true, false}).data,
+                           overlay_schema());
+    const auto changed = [&](const std::string& from, const std::string& to) {
+        std::string text = own;
+        return text.replace(text.find(from), from.size(), to);
+    };
+    const std::pair<std::string, std::string> cases[] = {
+        {"The list of directives", changed("title x", "title longer")},
+        {"The list of sections", changed(">scf", ">scf a")},
+        {"The list of entries of section '>scf'", changed("note a", "note b")},
+        {"The list of entries of section '>scf'", changed("  note a", "  note  a")},
+        {"The list of atoms of section '>xyz'", changed("H 0 0 0", "H 0 0 1")},
+        {"The list of kept lines of section '>notes'", changed("free", "fred")},
+    };
+    for (const auto& [list, text] : cases) {
+        SCOPED_TRACE(text);
+        const auto result = editor.render_over(text);
+        EXPECT_EQ(result.text, text);
+        ASSERT_EQ(result.problems.size(), 1U);
+        EXPECT_EQ(result.problems[0].code, "amesp.not_of_this_text");
+        EXPECT_EQ(result.problems[0].message,
+                  list + " does not agree with the text to change; the text was left as it was.");
+    }
+}
+
+TEST(NotWritten, IsAnAtomOfAnotherTextInASectionThatStays) {
+    const std::string text = ">xyz 0 1\nH 0 0 0\nend\n";
+    const auto with = [](AtomRecord atom) {
+        return [=](AIPEditor& editor) { editor.upsert_section("xyz", {}).atoms = {atom}; };
+    };
+    const AtomRecord other{"He", 0, 0, 0, "He 0 0 0", input::amesp::SourceLocation{2, 1, 8}};
+    AtomRecord beyond = other;
+    beyond.location->line = 4;
+    expect_not_written({{"of another line", text, with(other), text, "amesp.not_of_this_text"},
+                        {"of a line that is not there", text, with(beyond), text, "amesp.not_of_this_text"}});
+    expect_laid_over(
+        {{"one that says nothing of its place", text, with({"He", 0, 0, 0, "He 0 0 0", {}}),
+          ">xyz 0 1\nHe 0 0 0\nend\n"},
+         {"one in a new geometry", text, [&](AIPEditor& editor) { editor.set_xyz_geometry(0, 1, {beyond}); },
+          ">xyz 0 1\nHe 0 0 0\nend\n"}});
 }
 
 TEST(NotWritten, NamesTheListThatDoesNotGoWithTheText) {
