@@ -29,10 +29,17 @@ struct EditCase {
     std::function<void(input::amesp::AIPEditor& editor, std::size_t n)> run;
 };
 
+// `n` names that are alike.
+struct NameCase {
+    const char* name;
+    std::function<std::vector<std::string>(std::size_t n)> names;
+};
+
 const std::vector<TextCase>& text_cases();
 const std::vector<TextCase>& long_line_cases();
 const std::vector<SchemaCase>& schema_cases();
 const std::vector<EditCase>& edit_cases();
+const std::vector<NameCase>& name_cases();
 
 // `n` times what `piece(i)` gives.
 template <class Piece>

@@ -110,6 +110,23 @@ void measure_edit(const EditCase& one, const InputSchema& known, std::size_t siz
     measure(std::string("render_over, after: ") + one.name, size, [&] { return editor.render_over(text); });
 }
 
+void measure_names(const NameCase& one, std::size_t size) {
+    const std::vector<std::string> names = one.names(size);
+    StringMap<int> map;
+    measure(std::string("map of names, filling: ") + one.name, size, [&] {
+        for (const std::string& name : names) {
+            map.emplace(name, 0);
+        }
+        return 0;
+    });
+    measure(std::string("map of names, look-up: ") + one.name, size, [&] {
+        for (const std::string& name : names) {
+            ++map.at(name);
+        }
+        return 0;
+    });
+}
+
 void measure_all(std::size_t size) {
     const InputSchema& known = schema(size);
     for (const auto& cases : {text_cases(), long_line_cases()}) {
@@ -119,6 +136,9 @@ void measure_all(std::size_t size) {
     }
     for (const EditCase& one : edit_cases()) {
         measure_edit(one, known, size);
+    }
+    for (const NameCase& one : name_cases()) {
+        measure_names(one, size);
     }
     for (const SchemaCase& one : schema_cases()) {
         const std::string yaml = one.yaml(size);

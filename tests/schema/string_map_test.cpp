@@ -63,7 +63,7 @@ TEST(StringMap, FindsExactKeysOnly) {
 // One step of the map's own hash, for keys made of whole words.
 std::uint64_t mixed(std::uint64_t state, std::uint64_t word) {
     const std::uint64_t product = (state ^ word) * 0x9e3779b97f4a7c15U;
-    return product ^ product >> 32U;
+    return product ^ product >> 29U;
 }
 
 std::string key_of(std::uint64_t first, std::uint64_t second) {

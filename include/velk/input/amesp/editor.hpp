@@ -84,7 +84,8 @@ public:
     //   to a method line that keeps a word beginning with '#'; it is reported instead.
     // - Other names and values are written as `render` spells them; an entry whose value holds a '=' as "key = value".
     //   Each written line is read back; one that would not give its record is not written but reported, and what the
-    //   text had in its place stays. Lists that do not go with the text (locations or lines of another text, another order,
+    //   text had in its place stays. Lists that do not go with the text (locations or lines of another text, another
+    //   order,
     //   changed comments or kept lines) are reported, and left alone likewise.
     // - A missing last "end" or line end is added when something has to follow it; the "end" also when the section was
     //   set to be terminated. Added lines end like the line before them.

@@ -159,9 +159,13 @@ private:
         return key.empty() ? Ends() : read_ends<std::uint8_t>(key);
     }
 
+    // The upper half of a product with it depends on every bit of the other factor, the lower half does not.
+    static constexpr std::uint64_t spread = 0x9e3779b97f4a7c15U;
+
+    // Not shifted by whole bytes: two bytes of a key that change in the same bit would undo each other.
     static std::uint64_t mix(std::uint64_t mixed, std::uint64_t bytes) noexcept {
-        mixed = (mixed ^ bytes) * 0x9e3779b97f4a7c15U;
-        return mixed ^ mixed >> 32U;
+        mixed = (mixed ^ bytes) * spread;
+        return mixed ^ mixed >> 29U;
     }
 
     // Names are short: this and the comparison are most of what a look-up costs. The library looks up what its callers
@@ -174,7 +178,7 @@ private:
             std::memcpy(&bytes, key.data() + place, sizeof bytes);
             mixed = mix(mixed, bytes);
         }
-        return mixed | 1U;
+        return mixed * spread | 1U;
     }
     static std::uint64_t hash(std::string_view key) noexcept { return hash(key, ends_of(key)); }
 
@@ -199,8 +203,7 @@ private:
         }
     }
 
-    // The lowest bit is always set: it says nothing of the key.
-    std::size_t first_place(std::uint64_t hash) const noexcept { return hash >> 1U & (slots_.size() - 1); }
+    std::size_t first_place(std::uint64_t hash) const noexcept { return hash >> 32U & (slots_.size() - 1); }
     std::size_t next_place(std::size_t place) const noexcept { return (place + 1) & (slots_.size() - 1); }
 
     // So many slots, a power of two, that half of them stay free.
