@@ -17,11 +17,21 @@ struct InputSchema::DocumentRules {
         std::size_t counter = 0;
     };
 
+    // The entries that a section must have.
+    struct RequiredEntries {
+        struct Entry {
+            const ValueSpec* spec = nullptr;
+            std::size_t number = 0;
+        };
+        std::vector<Entry> entries;      // in the order of the schema
+        StringMap<std::size_t> numbers;  // of their names, from 0
+    };
+
     explicit DocumentRules(const Impl& tables) {
         for (const auto& [key, section] : tables.sections) {
             for (const auto& [entry_key, entry] : section.entries) {
                 if (entry.required) {
-                    required_entries_[&section].push_back(&entry);
+                    add(required_entries_[&section], entry);
                 }
             }
             if (section.required || !section.allow_multiple) {
@@ -30,9 +40,8 @@ struct InputSchema::DocumentRules {
         }
     }
 
-    // In the order of the schema.
-    const std::vector<const ValueSpec*>& required_entries(const SectionSpec& section) const {
-        static const std::vector<const ValueSpec*> none;
+    const RequiredEntries& required_entries(const SectionSpec& section) const {
+        static const RequiredEntries none;
         const auto found = required_entries_.find(&section);
         return found == required_entries_.end() ? none : found->second;
     }
@@ -41,7 +50,12 @@ struct InputSchema::DocumentRules {
     StringMap<std::size_t> counters;               // of the names of those sections, numbered from 0
 
 private:
-    std::unordered_map<const SectionSpec*, std::vector<const ValueSpec*>> required_entries_;
+    static void add(RequiredEntries& required, const ValueSpec& entry) {
+        required.entries.push_back(
+            {&entry, required.numbers.emplace(entry.name, required.numbers.size()).first->second});
+    }
+
+    std::unordered_map<const SectionSpec*, RequiredEntries> required_entries_;
 };
 
 }  // namespace velk::input::amesp

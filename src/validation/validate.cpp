@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -132,11 +131,8 @@ private:
     // The entries of a section are looked up as its name says once more: a canonical name may itself be an alias.
     void check_entries(const Section& section, const SectionSpec& spec, const queries::Match<SectionSpec>& names) {
         const std::string_view name = names.canonical;
-        const std::vector<const ValueSpec*>& required = rules_.required_entries(spec);
-        std::optional<std::unordered_set<std::string>> present;  // made where something is required, which is rare
-        if (!required.empty()) {
-            present.emplace();
-        }
+        const auto& required = rules_.required_entries(spec);
+        std::vector<bool> present(required.numbers.size());
         for (const SectionEntry& entry : section.entries) {
             const Key key(entry.key);
             const std::string_view entry_name =
@@ -147,12 +143,12 @@ private:
             } else {
                 add(issues::unknown_entry(entry, name), {.section = &section, .entry = &entry});
             }
-            if (present) {
-                present->emplace(entry_name);
+            if (const std::size_t* const number = queries::find(required.numbers, entry_name)) {
+                present[*number] = true;
             }
         }
-        for (const ValueSpec* const value : required) {
-            if (!present->contains(value->name)) {
+        for (const auto& [value, number] : required.entries) {
+            if (!present[number]) {
                 add(issues::missing_required_entry(name, value->name, section.location), {.section = &section});
             }
         }

@@ -1,5 +1,6 @@
 // Texts that are large in one way each.
 #include "growth/cases.hpp"
+#include "growth/colliding_names.hpp"
 
 namespace velk::test {
 namespace {
@@ -51,6 +52,11 @@ const std::vector<TextCase>& text_cases() {
         {"unknown entries", lines(">scf\n", "name? value\n", "end\n")},
         {"entries without a key", lines(">scf\n", "= value\n", "end\n")},
         {"required entries", lines(">many\n", "e? 1\n", "end\n")},
+        {"entries that collide",
+         [](size_t n) {
+             const std::vector<std::string> names = colliding_names(n);
+             return ">few\n" + repeated(n, [&](size_t i) { return names[i] + " 1\n"; }) + "end\n";
+         }},
         {"sections of required entries", lines("", ">few\ne1 1\nend\n")},
         {"atoms", lines(">xyz 0 1\n", "H 0.1 -1.25 1D-3\n", "end\n")},
         {"atoms that differ", lines(">xyz 0 1\n", "H 0.? 0 0\n", "end\n")},

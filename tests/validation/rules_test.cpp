@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <thread>
 #include <velk/input/amesp/schema_tables.hpp>
 
@@ -152,6 +153,39 @@ TEST(Validate, ReportsRequiredEntriesForEverySectionThatLacksThem) {
                                             SourceLocation{7, 1, 2}},
                             ValidationIssue{error, "amesp.missing_required_entry", "Section '>s' requires entry 'a'.",
                                             SourceLocation{7, 1, 2}}));
+}
+
+// Tables made by hand may keep an entry under another name than its own, and two of one name.
+TEST(Validate, LooksForRequiredEntriesByTheirOwnNames) {
+    SectionSpec section;
+    section.name = "s";
+    section.parse_mode = SectionParseMode::key_value;
+    for (const char* const key : {"key", "other key"}) {
+        ValueSpec& entry = section.entries[key];
+        entry.name = "name";
+        entry.required = true;
+    }
+    ValueSpec& last = section.entries["last"];
+    last.name = "last";
+    last.required = true;
+    InputSchema::Impl tables;
+    tables.sections["s"] = section;
+    const InputSchema schema(std::make_shared<const InputSchema::Impl>(tables));
+    const auto missing = [&](const std::string& body) {
+        std::vector<std::string> messages;
+        for (const ValidationIssue& issue : issues_of(">s\n" + body + "end\n", schema)) {
+            if (issue.code == "amesp.missing_required_entry") {
+                messages.push_back(issue.message);
+            }
+        }
+        return messages;
+    };
+    const std::string name = "Section '>s' requires entry 'name'.";
+    const std::string last_name = "Section '>s' requires entry 'last'.";
+    EXPECT_THAT(missing("key 1\n"), ElementsAre(name, name, last_name));
+    EXPECT_THAT(missing("name 1\n"), ElementsAre(last_name));
+    EXPECT_THAT(missing("last 1\nlast 2\n"), ElementsAre(name, name));
+    EXPECT_THAT(missing("last 1\nname 1\n"), ElementsAre());
 }
 
 TEST(Validate, CountsEveryGeometrySection) {
