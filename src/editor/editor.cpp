@@ -11,6 +11,7 @@ AIPEditor::AIPEditor(AIPData data, const InputSchema& schema) : data_(std::move(
 
 void AIPEditor::set_data(AIPData data) {
     data_ = std::move(data);
+    directive_places_.clear();
 }
 
 MethodToken AIPEditor::make_method_token(std::string token) const {

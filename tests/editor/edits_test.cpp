@@ -57,6 +57,37 @@ TEST(SetDirective, UpdatesTheFirstOfThatNameInItsPlace) {
                                                       Directive{"maxcyc", "2", true, SourceLocation{3, 1, 10}}));
 }
 
+TEST(SetDirective, FindsWhatEarlierEditsLeft) {
+    AIPEditor editor = edit("% a 1\n% b 1\n");
+    editor.set_directive("c", "1");
+    editor.set_directive("C", "2");
+    editor.set_directive("b", "2");
+    editor.remove_directive("a");
+    editor.set_directive("b", "3");
+    editor.set_directive("a", "3");
+    EXPECT_THAT(editor.data().directives, ElementsAre(Directive{"b", "3", false, SourceLocation{2, 1, 5}},
+                                                      Directive{"c", "2", false, {}}, Directive{"a", "3", false, {}}));
+    editor.set_data(with_directives({{"x", "1", false, {}}, {"a", "1", false, {}}}));
+    editor.set_directive("a", "4");
+    editor.set_directive("b", "4");
+    EXPECT_THAT(editor.data().directives, ElementsAre(Directive{"x", "1", false, {}}, Directive{"a", "4", false, {}},
+                                                      Directive{"b", "4", false, {}}));
+}
+
+TEST(SetDirective, OfACopiedOrMovedEditorChangesItsOwnDocument) {
+    AIPEditor editor = edit("% a 1\n");
+    editor.set_directive("b", "1");
+    AIPEditor copy = editor;
+    copy.set_directive("b", "2");
+    AIPEditor moved = std::move(editor);
+    moved.set_directive("a", "3");
+    moved.set_directive("b", "3");
+    EXPECT_THAT(copy.data().directives,
+                ElementsAre(Directive{"a", "1", false, SourceLocation{1, 1, 5}}, Directive{"b", "2", false, {}}));
+    EXPECT_THAT(moved.data().directives,
+                ElementsAre(Directive{"a", "3", false, SourceLocation{1, 1, 5}}, Directive{"b", "3", false, {}}));
+}
+
 TEST(SetDirective, MakesAStoredNameCanonical) {
     AIPEditor editor(with_directives({{" MAXCYC ", "1", false, {}}}), sample_schema());
     editor.set_directive("maxcyc", "2");

@@ -22,6 +22,12 @@ const std::vector<EditCase>& edit_cases() {
     static const std::vector<EditCase> cases = {
         {"set_directive, the last", [](AIPEditor& e, size_t n) { e.set_directive("d" + std::to_string(n - 1), "x"); }},
         {"set_directive, a new one", [](AIPEditor& e, size_t) { e.set_directive("new", "x"); }},
+        {"set_directive, many new ones",
+         [](AIPEditor& e, size_t n) {
+             for (const std::string& name : names(n)) {
+                 e.set_directive(name, "x");
+             }
+         }},
         {"remove_directive, all", [](AIPEditor& e, size_t) { e.remove_directive("maxcyc"); }},
         {"add_method_token, many",
          [](AIPEditor& e, size_t n) {

@@ -1,9 +1,12 @@
 // Changes a document and writes it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <velk/input/amesp/document.hpp>
@@ -129,6 +132,9 @@ public:
 private:
     AIPData data_;
     InputSchema schema_;
+    // Of each name, after its hash, the first directive; empty until it is needed. A tree: names of one hash take no
+    // longer to find.
+    std::map<std::pair<std::size_t, std::string>, std::size_t> directive_places_;
 };
 
 }  // namespace velk::input::amesp
