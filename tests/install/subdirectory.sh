@@ -16,7 +16,7 @@ for suite_core in OFF ON; do
   # What such a project installs is a package, too.
   mkdir -p "$work/user"
   printf '%s\n' 'cmake_minimum_required(VERSION 3.25)' 'project(user LANGUAGES CXX)' \
-    'find_package(velk_amesp_inp 1 CONFIG REQUIRED)' >"$work/user/CMakeLists.txt"
+    'find_package(velk_amesp_inp 0.9 CONFIG REQUIRED)' >"$work/user/CMakeLists.txt"
   cmake -G Ninja -S "$work/user" -B "$work/user-$suite_core" -DCMAKE_PREFIX_PATH="$work/installed-$suite_core" \
     >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
 done
