@@ -5,8 +5,9 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <array>
+#include <climits>
 #include <cstdlib>
-#include <memory>
 #include <string_view>
 
 #ifndef VELK_CORE_DATA_DIRECTORY
@@ -31,11 +32,11 @@ std::string library_directory() {
     if (::dladdr(reinterpret_cast<const void*>(&library_directory), &info) == 0) {
         return {};
     }
-    const std::unique_ptr<char, decltype(&std::free)> path(::realpath(info.dli_fname, nullptr), &std::free);
-    if (!path) {
+    std::array<char, PATH_MAX> path{};  // of its own: without memory for one another place would be taken for it
+    if (::realpath(info.dli_fname, path.data()) == nullptr) {
         return {};
     }
-    const std::string_view file(path.get());
+    const std::string_view file(path.data());
     return std::string(file.substr(0, file.rfind('/')));
 }
 

@@ -46,6 +46,8 @@ TEST_P(Workers, OutOfMemoryEndInAMessageAndStatusTwo) {
         }
         EXPECT_EQ(run.status, 2) << failing;
         EXPECT_THAT(run.err, testing::StartsWith("amesp-inp: ")) << failing;
+        EXPECT_THAT(run.err, testing::HasSubstr("out of memory\n")) << failing;
+        EXPECT_THAT(run.out, testing::AnyOf(testing::HasSubstr("a.inp"), testing::HasSubstr("b.inp"))) << failing;
         ++troubles;
     }
     EXPECT_GT(troubles, allocations / 2);

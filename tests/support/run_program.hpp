@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <linux/capability.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -29,6 +30,7 @@ struct RunOptions {
     std::string program = AMESP_INP_PROGRAM;
     int input_descriptor = -1;  // standard input, when it shall be something else than a file
     std::vector<int> closed_streams = {};
+    std::size_t address_space = 0;   // bytes that the program may have mapped; 0: no limit
     bool obeys_permissions = false;  // also when the tests run as root
 };
 
@@ -75,6 +77,10 @@ inline ProgramRun run_program(const std::vector<std::string>& arguments, const R
         }
         if (options.obeys_permissions && !obey_permissions()) {
             ::_exit(cannot_obey_permissions);
+        }
+        if (options.address_space != 0) {
+            const rlimit limit{options.address_space, options.address_space};
+            ::setrlimit(RLIMIT_AS, &limit);
         }
         if (options.directory.empty() || ::chdir(options.directory.c_str()) == 0) {
             ::execve(argv[0], argv.data(), envp.data());

@@ -135,7 +135,7 @@ void print_report(const FileReport& report, const FileCheck& check, bool is_firs
 
 int run_check(const CheckOptions& options) {
     const std::string schema_path = find_schema(options.schema);
-    const SchemaSource schema = InputSchema::from_file(schema_path);
+    const SchemaSource schema = load_schema_file(schema_path);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
     refuse_what_cannot_be_fixed(inputs, options);
     const FileCheck check = file_check(options);

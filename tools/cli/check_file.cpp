@@ -8,6 +8,7 @@
 #include <velk/input/amesp/parser.hpp>
 #include <velk/input/amesp/report.hpp>
 
+#include "exhausted_memory.hpp"
 #include "output_file.hpp"
 #include "unified_diff.hpp"
 
@@ -64,8 +65,7 @@ void count(const std::vector<Diagnostic>& diagnostics, FileReport& report) {
     }
 }
 
-FileReport checked(const Input& input, const SchemaSource& schema, const FileCheck& check) {
-    FileReport report;
+void check_into(FileReport& report, const Input& input, const SchemaSource& schema, const FileCheck& check) {
     std::string text;
     Diagnosis diagnosis;
     try {
@@ -81,19 +81,21 @@ FileReport checked(const Input& input, const SchemaSource& schema, const FileChe
     }
     const FileFindings findings{input.name, text, diagnosis.diagnostics, unreadable};
     report.findings = check.json ? json_report(findings) : text_report(findings, check.color);
-    return report;
 }
 
 }  // namespace
 
 FileReport check_file(const Input& input, const SchemaSource& schema, const FileCheck& check) {
+    FileReport report;
     try {
-        return checked(input, schema, check);
-    } catch (const std::exception& error) {
-        FileReport report;
-        report.unreadable = true;
-        report.trouble = error.what();
+        check_into(report, input, schema, check);
         return report;
+    } catch (const std::exception& error) {
+        FileReport failed;
+        failed.unreadable = true;
+        failed.fixed = report.fixed;
+        failed.trouble = "cannot check '" + input.name + "': " + reason_of(error);
+        return failed;
     }
 }
 

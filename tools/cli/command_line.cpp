@@ -11,6 +11,7 @@
 #include <velk/input/amesp/diagnostics.hpp>
 
 #include "check.hpp"
+#include "exhausted_memory.hpp"
 #include "exit_status.hpp"
 #include "explain.hpp"
 #include "fmt.hpp"
@@ -492,6 +493,7 @@ int run_and_name_the_verb(const Run& run, const std::string& verb) {
 }  // namespace
 
 std::function<int()> read_command_line(int argc, char** argv) {
+    const EndWithoutMemory guard;
     CLI::App program("Checks, shows and edits input files of the AMESP quantum-chemistry program.", "amesp-inp");
     program.formatter(std::make_shared<ExamplesFirst>());
     program.set_version_flag("-V,--version", "amesp-inp " AMESP_INP_VERSION);

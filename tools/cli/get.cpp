@@ -47,7 +47,7 @@ int get_from(const Input& input, const InputSchema& schema, const std::vector<st
 
 int run_get(const GetOptions& options) {
     const std::string schema_path = find_schema(options.schema);
-    const InputSchema schema = InputSchema::from_file(schema_path);
+    const InputSchema schema = load_schema_file(schema_path);
     for (const std::string& key : options.keys) {
         find_key(key, schema);  // a mistake is told once, not for each file
     }

@@ -7,10 +7,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <new>
 #include <stdexcept>
 #include <system_error>
 #include <unordered_set>
 #include <velk/core/fs.hpp>
+
+#include "exhausted_memory.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -55,6 +58,9 @@ std::vector<std::string> files_below(const std::string& directory, const InputOp
             } else if (entry->is_regular_file(unknown)) {
                 found.push_back(std::move(path));
             }
+        }
+        if (trouble == std::errc::not_enough_memory) {
+            throw std::bad_alloc();
         }
         if (trouble) {
             found.push_back(current);
@@ -138,6 +144,7 @@ std::string read_standard_input() {
 }  // namespace
 
 std::vector<Input> collect_inputs(const InputOptions& options) {
+    const EndWithoutMemory guard;  // listing a directory would abort
     std::vector<Input> inputs;
     for (const std::string& path : options.paths) {
         if (path == "-") {

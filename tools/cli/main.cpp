@@ -2,6 +2,7 @@
 #include <exception>
 
 #include "command_line.hpp"
+#include "exhausted_memory.hpp"
 #include "exit_status.hpp"
 #include "output.hpp"
 #include "standard_streams.hpp"
@@ -18,7 +19,7 @@ int main(int argc, char** argv) {
     } catch (const ErrorInLines& error) {
         complain_in_lines(error.what());
     } catch (const std::exception& error) {
-        complain(error.what());
+        complain(reason_of(error));
     }
     if (!flush_output()) {
         complain("cannot write to standard output");

@@ -1,12 +1,18 @@
 // Finding the schema, or saying where it was looked for.
 #include "schema_source.hpp"
 
+#include <new>
+#include <stdexcept>
+#include <string_view>
 #include <velk/core/resource.hpp>
 #include <velk/input/amesp/report.hpp>
 
 #include "output.hpp"
 
 namespace amesp_inp {
+
+using velk::input::amesp::InputSchema;
+
 namespace {
 
 using velk::core::resource::getenv_string;
@@ -60,8 +66,19 @@ std::string find_schema(const SchemaOptions& options) {
     return path;
 }
 
-velk::input::amesp::InputSchema load_schema(const SchemaOptions& options) {
-    return velk::input::amesp::InputSchema::from_file(find_schema(options));
+InputSchema load_schema_file(const std::string& path) {
+    try {
+        return InputSchema::from_file(path);
+    } catch (const std::runtime_error& error) {
+        if (std::string_view(error.what()).ends_with(std::bad_alloc().what())) {
+            throw std::bad_alloc();
+        }
+        throw;
+    }
+}
+
+InputSchema load_schema(const SchemaOptions& options) {
+    return load_schema_file(find_schema(options));
 }
 
 }  // namespace amesp_inp

@@ -159,7 +159,7 @@ private:
 
 int run_show(const ShowOptions& options) {
     const std::string schema_path = find_schema(options.schema);
-    const InputSchema schema = InputSchema::from_file(schema_path);
+    const InputSchema schema = load_schema_file(schema_path);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
     JsonWriter json;
     const auto show = [&](const Input& input, const std::optional<std::string>& name) {
