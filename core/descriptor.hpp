@@ -45,7 +45,11 @@ auto retry_interrupted(Call call) {
 
 // The system's description of an error; it lives for ever.
 inline const char* description(int error) noexcept {
+#if defined(__GLIBC__) && !defined(VELK_CORE_PORTABLE)
     const char* const text = ::strerrordesc_np(error);  // unlike strerror: thread-safe and in no process locale
+#else
+    const char* const text = ::strerror(error);
+#endif
     return text != nullptr ? text : "Unknown error";
 }
 

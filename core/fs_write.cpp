@@ -89,13 +89,22 @@ int above_standard_streams(int descriptor, const std::string& path) noexcept {
     return high;
 }
 
+// Fills it with bytes that nobody can guess: how many, or -1 with the reason in errno.
+ssize_t take_random(std::uint64_t& number) {
+#if defined(__linux__) && !defined(VELK_CORE_PORTABLE)
+    return retry_interrupted([&] { return ::getrandom(&number, sizeof number, 0); });
+#else
+    return ::getentropy(&number, sizeof number) == 0 ? ssize_t{sizeof number} : -1;
+#endif
+}
+
 // A new file in `directory` (empty, or ending in a slash), its path in `path`. The kernel applies the process's file
 // mode mask to `mode`.
 int create_temporary(std::string_view directory, mode_t mode, std::string& path) {
     constexpr int most_attempts = 100;
     for (int attempt = 0; attempt < most_attempts; ++attempt) {
         std::uint64_t number = 0;
-        const ssize_t count = retry_interrupted([&] { return ::getrandom(&number, sizeof number, 0); });
+        const ssize_t count = take_random(number);
         if (!moved(count, count == sizeof number)) {
             return -1;
         }

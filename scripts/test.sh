@@ -25,6 +25,9 @@ tests/install/exported_symbols.sh build/gcc/lib "$PWD"
 step "growth: instructions at two sizes"
 scripts/check_growth.sh build/gcc
 
+step "without what only Linux has"
+scripts/check_portable.sh
+
 step "the hardening of the built files"
 scripts/check_hardening.sh build/gcc
 

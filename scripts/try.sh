@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
-cmake --preset release -DVELK_BUILD_TESTS=OFF
+cmake --preset release
 cmake --build --preset release
 program=build/release/bin/amesp-inp
 

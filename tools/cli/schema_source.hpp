@@ -17,8 +17,8 @@ struct SchemaOptions {
 // none to be had.
 std::string find_schema(const SchemaOptions& options);
 
-// The schema of a file. Throws std::runtime_error with what is wrong with it, and std::bad_alloc, which the library takes
-// for one more thing that is wrong with the file.
+// The schema of a file. Throws std::runtime_error with what is wrong with it, and std::bad_alloc, which the library
+// takes for one more thing that is wrong with the file.
 velk::input::amesp::InputSchema load_schema_file(const std::string& path);
 
 // The schema of the file that `find_schema` finds.
