@@ -13,7 +13,7 @@ constexpr std::string_view required_schema =
     "  xyz: {parse_mode: cartesian_coordinates}\n"
     "  scf: {parse_mode: key_value, required: true, entries: {maxcyc: {value_type: integer, required: true}}}\n";
 
-constexpr auto table = std::to_array<CodeInfo>({
+constexpr auto code_table = std::to_array<CodeInfo>({
     {codes::inp::added_end, Severity::error,
      "Formatting would add the missing 'end' of a section, where the section may have been meant to end earlier. The "
      "file is refused.",
@@ -182,7 +182,7 @@ constexpr auto table = std::to_array<CodeInfo>({
 }  // namespace
 
 std::span<const CodeInfo> all_codes() {
-    return table;
+    return code_table;
 }
 
 }  // namespace velk::input::amesp

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -14,27 +15,41 @@ struct Common {
     std::size_t count = 0;
 };
 
+// Neighbours in a list that are equal.
+template <class Value>
+struct Run {
+    Value value{};
+    std::size_t count = 0;
+    std::size_t last = 0;
+};
+
 // Of equally common values the one that stands last in the list; of an empty list a default value, no times.
 template <class Value>
 Common<Value> most_common(const std::vector<Value>& values) {
-    std::vector<std::pair<Value, std::size_t>> sorted;
-    sorted.reserve(values.size());
+    std::vector<Run<Value>> runs;  // neighbours that are equal, which most are, need no sorting
     for (std::size_t i = 0; i < values.size(); ++i) {
-        sorted.emplace_back(values[i], i);
+        if (runs.empty() || runs.back().value != values[i]) {
+            runs.push_back({values[i], 0, 0});
+        }
+        ++runs.back().count;
+        runs.back().last = i;
     }
-    std::sort(sorted.begin(), sorted.end());
+    std::sort(runs.begin(), runs.end(), [](const Run<Value>& a, const Run<Value>& b) {
+        return std::tie(a.value, a.last) < std::tie(b.value, b.last);
+    });
     Common<Value> best;
     std::size_t best_place = 0;
-    for (auto run = sorted.begin(); run != sorted.end();) {
-        const auto next =
-            std::find_if(run, sorted.end(), [&](const auto& element) { return element.first != run->first; });
-        const auto count = static_cast<std::size_t>(next - run);
-        const std::size_t place = (next - 1)->second;
+    for (auto run = runs.begin(); run != runs.end();) {
+        std::size_t count = 0;
+        const auto first = run;
+        for (; run != runs.end() && run->value == first->value; ++run) {
+            count += run->count;
+        }
+        const std::size_t place = (run - 1)->last;
         if (std::pair(count, place) > std::pair(best.count, best_place)) {
-            best = {run->first, count};
+            best = {first->value, count};
             best_place = place;
         }
-        run = next;
     }
     return best;
 }

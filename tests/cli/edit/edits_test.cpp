@@ -69,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Changed{{"--unset-entry", "scf.maxcyc"}, "  maxcyc 50\n", ""},
                     Changed{{"--entry", "scf.note=b=c"}, "50\n", "50\n  note = b=c\n"},
                     Changed{{"--entry", "scf.end="}, "50\n", "50\n  end =\n"},
-                    Changed{{"--remove-section", "scf"}, ">scf\n  maxcyc 50\nend\n", ""}));
+                    Changed{{"--remove-section", "scf"}, ">scf\n  maxcyc 50\nend\n\n", ""}));
 
 TEST(Set, GivesCanonicalTextWhenAsked) {
     const auto set = [](const std::string& text, const std::string& entry) {
