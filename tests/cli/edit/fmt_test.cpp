@@ -251,7 +251,8 @@ std::string random_text(std::mt19937& random) {
                                                    "\xff\x01",     ">"};
     std::string text;
     for (auto count = random() % 14; count > 0; --count) {
-        text += lines[random() % lines.size()] + (random() % 8 == 0 ? "\r\n" : "\n");
+        text += lines[random() % lines.size()];
+        text += random() % 8 == 0 ? "\r\n" : "\n";
     }
     if (random() % 3 == 0 && !text.empty()) {
         text.pop_back();
@@ -262,7 +263,7 @@ std::string random_text(std::mt19937& random) {
 TEST(Fmt, ChangesNothingMoreInAFileThatItAccepted) {
     std::mt19937 random(7);
     int accepted = 0;
-    for (int round = 0; round < 400; ++round) {
+    for (int round = 0; round < 600; ++round) {
         const std::string text = random_text(random);
         const ProgramRun once = run_edit({"fmt", "-"}, {.input = text});
         ASSERT_THAT(once.status, testing::AnyOf(0, 1)) << text;

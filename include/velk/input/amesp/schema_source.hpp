@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <velk/input/amesp/schema.hpp>
@@ -14,7 +13,7 @@ struct SchemaSource {
     std::vector<std::string> files;  // that it was read from, as they were named; empty for one made otherwise
 
     // Not explicit: where a source is asked for, a schema alone will do.
-    SchemaSource(InputSchema schema) : rules(std::move(schema)) {}
+    SchemaSource(const InputSchema& schema) : rules(schema) {}
 };
 
 }  // namespace velk::input::amesp
