@@ -68,6 +68,7 @@ AxisStyle axis_style(const std::vector<AtomWords>& lines, std::size_t axis) {
     }
     for (const Anchor anchor : {Anchor::point, Anchor::end, Anchor::begin}) {
         std::vector<std::size_t> columns;
+        columns.reserve(lines.size());
         for (const AtomWords& line : lines) {
             columns.push_back(line.begin(axis + 1) + anchor_offset(anchor, line.number(axis)));
         }

@@ -83,6 +83,7 @@ LineStyle separator_style(const std::vector<NamedLine>& lines, const LineStyle& 
         return otherwise;
     }
     std::vector<std::string_view> separators;
+    separators.reserve(counting.size());
     for (const NamedLine& line : counting) {
         separators.push_back(line.separator);
     }
@@ -107,6 +108,7 @@ LineStyle style_of(std::vector<NamedLine> lines, const LineStyle& otherwise) {
     }
     LineStyle style = separator_style(lines, otherwise);
     std::vector<std::string_view> indents;
+    indents.reserve(lines.size());
     for (const NamedLine& line : lines) {
         indents.push_back(line.indent);
     }
