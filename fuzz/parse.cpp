@@ -9,9 +9,9 @@
 #include <string_view>
 #include <vector>
 #include <velk/input/amesp.hpp>
+#include <velk/input/amesp/codes.hpp>
 
 #include "accounted_lines.hpp"
-#include "codes.hpp"
 #include "known_part.hpp"
 #include "law.hpp"
 #include "run.hpp"
@@ -30,9 +30,7 @@ const InputSchema& schema_number(std::uint8_t number) {
 }
 
 bool is_listed(const std::string& code) {
-    const auto codes = amesp_inp::all_codes();
-    return code.starts_with("amesp.") &&
-           std::any_of(codes.begin(), codes.end(), [&](const auto& info) { return info.code == code; });
+    return code.starts_with("amesp.") && find_code(code) != nullptr;
 }
 
 class Places {

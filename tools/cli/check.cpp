@@ -25,7 +25,6 @@ namespace amesp_inp {
 namespace {
 
 using velk::input::amesp::Applicability;
-using velk::input::amesp::InputSchema;
 using velk::input::amesp::json_report_head;
 using velk::input::amesp::SchemaSource;
 

@@ -321,6 +321,7 @@ void add_help(CLI::App& verb, Run& run) {
             std::vector<std::string> words = {"amesp-inp", name, "--help"};
             std::erase(words, "");
             std::vector<char*> arguments;
+            arguments.reserve(words.size());
             for (std::string& word : words) {
                 arguments.push_back(word.data());
             }
@@ -442,6 +443,7 @@ bool is_mistyped_verb(std::string_view first_word) {
 
 int end_without_a_verb(const std::string& first_word) {
     std::vector<std::string> names;
+    names.reserve(verbs.size());
     for (const Verb& verb : verbs) {
         names.push_back(verb.name);
     }

@@ -28,6 +28,7 @@ int get_from(const Input& input, const InputSchema& schema, const std::vector<st
     const std::string text = read_input(input);
     const AIPData data = AIPParser::parse_string(text, schema, {true, false}).data;
     std::vector<Key> understood;
+    understood.reserve(keys.size());
     for (const std::string& key : keys) {
         understood.push_back(find_key(key, schema, data, input.name));
     }
