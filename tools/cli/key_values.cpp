@@ -1,9 +1,8 @@
 // Values of keys.
 #include "key_values.hpp"
 
+#include <velk/input/amesp/positions.hpp>
 #include <velk/input/amesp/xyz.hpp>
-
-#include "source_lines.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -47,7 +46,7 @@ Value atoms(const Section& section) {
 Value source_of(const Section& section, std::string_view text) {
     const std::uint64_t count =
         1 + section.entries.size() + section.atoms.size() + section.raw_lines.size() + (section.terminated ? 1U : 0U);
-    const SourceLines lines(text);
+    const TextPositions lines(text);
     std::vector<std::string> source;
     for (std::uint64_t i = 0; i < count; ++i) {
         source.emplace_back(lines.line(section.location->line + i));
