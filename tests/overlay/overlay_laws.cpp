@@ -2,6 +2,7 @@
 #include "overlay/overlay_laws.hpp"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 #include <velk/core/text.hpp>
@@ -48,6 +49,16 @@ std::string described(const Section& section, bool known_only) {
     return text;
 }
 
+// A new geometry takes over the spelling of charge and multiplicity, too, where the numbers stay: "01".
+Section with_plain_numbers(Section section) {
+    if (section.charge && section.multiplicity && section.arguments.size() >= 2) {
+        for (std::string* const word : {&section.arguments[0], &section.arguments[1]}) {
+            *word = std::to_string(std::strtol(word->c_str(), nullptr, 10));
+        }
+    }
+    return section;
+}
+
 // A document as text. The place of a new geometry among the sections is left open.
 std::string described(const AIPData& data, bool known_only, bool geometry_last) {
     std::string text;
@@ -60,8 +71,9 @@ std::string described(const AIPData& data, bool known_only, bool geometry_last) 
     std::string geometries;
     for (const Section& section : data.sections) {
         if (section.known || !known_only) {
-            std::string& place = geometry_last && section.name == "xyz" ? geometries : text;
-            place += described(section, known_only) + "\n";
+            const bool new_geometry = geometry_last && section.name == "xyz";
+            std::string& place = new_geometry ? geometries : text;
+            place += described(new_geometry ? with_plain_numbers(section) : section, known_only) + "\n";
         }
     }
     return text + geometries;
