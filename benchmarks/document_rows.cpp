@@ -1,4 +1,4 @@
-// A one-kilobyte document, validation alone, the laid-over write and the schema.
+// A one-kilobyte document, validation alone, the in-place write and the schema.
 #include <yaml-cpp/yaml.h>
 #include <velk/input/amesp/editor.hpp>
 #include <velk/input/amesp/parser.hpp>
@@ -81,8 +81,9 @@ auto lay_over(const std::string& text, bool with_entry) {
     if (with_entry) {
         editor.set_section_entry("scf", "energy_max", "300");
     }
-    const OverlayResult laid_over = editor.render_over(text);
-    require(laid_over.problems.empty() && parsed(laid_over.text).directives[0].value == "8000", "the edit was lost");
+    const OverlayResult edited_in_place = editor.render_over(text);
+    require(edited_in_place.problems.empty() && parsed(edited_in_place.text).directives[0].value == "8000",
+            "the edit was lost");
     return Contest([editor, text] { return editor.render_over(text); }, [text] { return parsed(text); });
 }
 
@@ -103,13 +104,13 @@ void add_rows() {
     add_pair("parse, edit, validate and render 1 kB / floor's parse", at_most(2.2), edit_small);
     add_pair("render 1 kB / floor", no_target(), render_small);
     add_pair("two edits of 1 kB / its parse", no_target(), edit_alone);
-    add_pair("laid-over write of 1 kB, two edits / its parse", at_most(2.0),
+    add_pair("in-place write of 1 kB, two edits / its parse", at_most(2.0),
              [] { return lay_over(small_text(), true); });
     add_pair(
-        "laid-over write of 1e5 atoms, one edit / its parse", at_most(2.0),
+        "in-place write of 1e5 atoms, one edit / its parse", at_most(2.0),
         [] { return lay_over(coordinates_text(100000), false); }, 3.0);
     add_pair(
-        "laid-over write of 1e5 entries, two edits / its parse", at_most(2.0),
+        "in-place write of 1e5 entries, two edits / its parse", at_most(2.0),
         [] { return lay_over(entries_text(100000), true); }, 3.0);
     add_pair("validate 1e3 entries / bare look-ups and number reading", at_most(1.5),
              [] { return validate(entries_text(1000), 1); });

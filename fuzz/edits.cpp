@@ -1,4 +1,4 @@
-// Edits laid over any text. The first byte chooses whether the unknown is preserved ('0': yes); then the text, and
+// Edits written into any text. The first byte chooses whether the unknown is preserved ('0': yes); then the text, and
 // after each '^' one edit: a letter for the operation, and its arguments, each after a '|'.
 #include <algorithm>
 #include <cstddef>
@@ -10,9 +10,9 @@
 #include <velk/input/amesp.hpp>
 #include <velk/input/amesp/codes.hpp>
 
+#include "in_place/in_place_laws.hpp"
+#include "in_place/in_place_schema.hpp"
 #include "law.hpp"
-#include "overlay/overlay_laws.hpp"
-#include "overlay/overlay_schema.hpp"
 #include "run.hpp"
 
 namespace velk::fuzz {
@@ -141,8 +141,8 @@ void check_problems(const OverlayResult& result) {
 
 void check(bool preserve_unknown, const std::string& text, const std::vector<std::string>& edits) {
     const ParseOptions options{preserve_unknown, false};
-    const AIPData before = AIPParser::parse_string(text, test::overlay_schema(), options).data;
-    AIPEditor editor(before, test::overlay_schema());
+    const AIPData before = AIPParser::parse_string(text, test::in_place_schema(), options).data;
+    AIPEditor editor(before, test::in_place_schema());
     const OverlayResult unchanged = editor.render_over(text, preserve_unknown);
     require(unchanged.text == text && unchanged.problems.empty(), "without edits the text comes back", unchanged.text);
 
@@ -154,7 +154,7 @@ void check(bool preserve_unknown, const std::string& text, const std::vector<std
     check_problems(result);
     const std::string broken =
         test::broken_law({text, preserve_unknown, before, editor, making.new_geometry(), result});
-    require(broken.empty(), "a law of edits laid over a text", broken);
+    require(broken.empty(), "a law of edits written into a text", broken);
 
     // Over a text that the document was not read from.
     check_problems(editor.render_over(editor.render(), preserve_unknown));

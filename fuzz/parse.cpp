@@ -62,12 +62,12 @@ void check_places(const AIPData& data, const Places& places) {
     for (const Directive& directive : data.directives) {
         require(places.at(directive.location).substr(0, 1) == "%", "a directive stands at its '%'");
     }
-    const char* behind_last = nullptr;
+    const char* after_last = nullptr;
     for (const MethodToken& token : data.method_tokens) {
         const std::string_view place = places.at(token.location);
         require(place == token.text, "a token stands at its place", token.text);
-        require(std::less_equal<>()(behind_last, place.data()), "a token stands behind the one before it", token.text);
-        behind_last = place.data() + place.size();
+        require(std::less_equal<>()(after_last, place.data()), "a token comes after the one before it", token.text);
+        after_last = place.data() + place.size();
     }
     for (const Section& section : data.sections) {
         require(places.at(section.location).substr(0, 1) == ">", "a section stands at its '>'");

@@ -8,7 +8,7 @@ build=$(realpath -m "${1:-build/coverage}")
 profiles=$build/profiles
 # Random texts reach by chance what a test has to name; the comparison with the model therefore does not count.
 programs=()
-for room in core codes model schema parser validation editor overlay diagnostics exchange cli edit faults; do
+for room in core codes model schema parser validation editor in_place diagnostics exchange cli edit faults; do
   programs+=("amesp_test_$room")
 done
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A room of the library includes only rooms below it: codes, model < schema < validation < parser, editor < overlay <
+# A room of the library includes only rooms below it: codes, model < schema < validation < parser, editor < in_place <
 # diagnostics < formatting, report, exchange.
 # The library knows nothing of the program, and the program nothing of the library but its public headers.
 set -euo pipefail
@@ -11,18 +11,18 @@ forbid() {  # forbid ROOM PATTERN REASON
     status=1
   fi
 }
-forbid src/codes 'model|schema|validation|parser|editor|overlay|diagnostics|formatting|report|exchange' 'the table of codes looks up'
-forbid src/model 'codes|schema|validation|parser|editor|overlay|diagnostics|formatting|report|exchange' 'the model looks up'
-forbid src/schema 'validation|parser|editor|overlay|diagnostics|formatting|report|exchange' 'the schema looks up'
-forbid src/validation 'parser|editor|overlay|diagnostics|formatting|report|exchange' 'validation looks up'
-forbid src/parser 'validation|editor|overlay|diagnostics|formatting|report|exchange' 'the parser looks sideways or up'
-forbid src/editor 'validation|parser|overlay|diagnostics|formatting|report|exchange' 'the editor looks sideways or up'
-forbid src/overlay 'validation|diagnostics|formatting|report|exchange' 'the overlay judges nothing, and looks sideways'
-forbid src/exchange 'schema|validation|parser|editor|overlay|diagnostics|formatting|report' 'other formats need the model alone'
+forbid src/codes 'model|schema|validation|parser|editor|in_place|diagnostics|formatting|report|exchange' 'the table of codes looks up'
+forbid src/model 'codes|schema|validation|parser|editor|in_place|diagnostics|formatting|report|exchange' 'the model looks up'
+forbid src/schema 'validation|parser|editor|in_place|diagnostics|formatting|report|exchange' 'the schema looks up'
+forbid src/validation 'parser|editor|in_place|diagnostics|formatting|report|exchange' 'validation looks up'
+forbid src/parser 'validation|editor|in_place|diagnostics|formatting|report|exchange' 'the parser looks sideways or up'
+forbid src/editor 'validation|parser|in_place|diagnostics|formatting|report|exchange' 'the editor looks sideways or up'
+forbid src/in_place 'validation|diagnostics|formatting|report|exchange' 'editing in place judges nothing, and looks sideways'
+forbid src/exchange 'schema|validation|parser|editor|in_place|diagnostics|formatting|report' 'other formats need the model alone'
 forbid src/diagnostics 'formatting|report|exchange' 'findings look up'
 forbid src/formatting 'report|exchange' 'formatting looks up'
-forbid src/report 'parser|editor|overlay|formatting|exchange' 'reports need findings alone'
-forbid tools 'model|schema|validation|parser|editor|overlay|diagnostics|formatting|report|exchange' 'the program looks inside the library'
+forbid src/report 'parser|editor|in_place|formatting|exchange' 'reports need findings alone'
+forbid tools 'model|schema|validation|parser|editor|in_place|diagnostics|formatting|report|exchange' 'the program looks inside the library'
 if grep -rlE '#include [<"]yaml-cpp' src include core --include='*.[ch]pp' | grep -v '^src/schema/yaml_document.cpp$'; then
   echo "only src/schema/yaml_document.cpp may see yaml-cpp" >&2
   status=1

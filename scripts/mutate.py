@@ -25,7 +25,7 @@ from mutation.mutants import line_of, mutants_of
 from mutation.workshop import Library, Workshop, output, times_of
 
 # Each uses only those before it.
-LAYERS = ["core", "codes", "model", "schema", "validation", "parser", "editor", "overlay", "diagnostics", "formatting", "report", "exchange"]
+LAYERS = ["core", "codes", "model", "schema", "validation", "parser", "editor", "in_place", "diagnostics", "formatting", "report", "exchange"]
 ROOMS = [*LAYERS, "oracle", "faults", "cli", "edit"]
 TESTED_ALONE = "include/velk/input/amesp/string_map.hpp"  # by the test that is named after it
 TEXTS = "src/codes/codes.cpp"  # a table of texts, of which docs/codes.md is made

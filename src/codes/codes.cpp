@@ -35,7 +35,7 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "section "
      "without being an atom. Formatting would move it away from where it was meant to count, and the file is refused.",
      "! hf sto-3g\n\n>xyz 0 1\n  H 0 0\n  H 0 0 0.74\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  H 0 0 0\n  H 0 0 0.74\nend\n",
-     "Mend the line, or make it a comment with '#'; or format with --force.", ""},
+     "Correct the line, or make it a comment with '#'; or format with --force.", ""},
     {codes::inp::moved_blank_lines, Severity::warning, "Formatting would lay out blank lines anew.",
      "# helium\n\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n", "# helium\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Nothing is lost but the layout.", ""},
@@ -139,7 +139,8 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "amesp-inp set he.inp --add-token 'two words'\n", "amesp-inp set he.inp --add-token two --add-token words\n",
      "Change the value or the name; raw sections are edited by hand.", ""},
     {codes::not_of_this_text, Severity::error,
-     "Only programs that call the library meet it: a document is laid over a text that it was not read from, or a list "
+     "Only programs that call the library meet it: a document is written into a text that it was not read from, or a "
+     "list "
      "was changed that the editor's operations leave alone. The text stays as it was there.",
      "", "", "Give `render_over` the text that the document was parsed from, and edit with the editor's operations.",
      ""},
@@ -152,20 +153,20 @@ constexpr auto code_table = std::to_array<CodeInfo>({
     {codes::unknown_directive, Severity::warning, "The schema does not know a directive. It is kept as it is.",
      "% maxcor 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
-     "Mend the spelling; or, when the name is right, add it to your schema.", ""},
+     "Correct the spelling; or, when the name is right, add it to your schema.", ""},
     {codes::unknown_entry, Severity::warning, "The schema does not know an entry of this section. It is kept as it is.",
      "! hf sto-3g\n>scf\n  maxcycle 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
-     "Mend the spelling; or, when the name is right, add it to your schema.", ""},
+     "Correct the spelling; or, when the name is right, add it to your schema.", ""},
     {codes::unknown_method_token, Severity::warning,
      "The schema does not know a token of the method line. It is kept as it is.",
      "! b3lpy sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "! b3lyp sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
-     "Mend the spelling; or, when the name is right, add it to your schema.", ""},
+     "Correct the spelling; or, when the name is right, add it to your schema.", ""},
     {codes::unknown_section, Severity::warning,
      "The schema does not know a section. It is kept as it is, and nothing in it is checked.",
      "! hf sto-3g\n>scff\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
-     "Mend the spelling; or, when the name is right, add it to your schema.", ""},
+     "Correct the spelling; or, when the name is right, add it to your schema.", ""},
     {codes::unterminated_section, Severity::error,
      "A section runs to the end of the file because its 'end' is missing: everything after its header is read as part "
      "of it. (A warning where the schema does not know the section.)",

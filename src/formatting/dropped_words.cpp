@@ -10,7 +10,7 @@ namespace {
 using core::text::take_word;
 using core::text::trim_view;
 
-// Whether a line "name value" has words that are in neither: a name ends at any white space, a value begins behind a
+// Whether a line "name value" has words that are in neither: a name ends at any white space, a value begins after a
 // blank or tab.
 bool hides_words(std::string_view line) {
     take_word(line);

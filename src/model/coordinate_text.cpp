@@ -70,7 +70,7 @@ char* write_coordinate(char* out, double value) noexcept {
     *out = '-';
     out += bits >> 63;
     const std::uint64_t number = scaled(exponent, mantissa);
-    // Six digits before the point and two behind it, then the other eight decimals. Eight bytes are written each time,
+    // Six digits before the point and two after it, then the other eight decimals. Eight bytes are written each time,
     // of which the next ones cover what has no meaning.
     const std::uint64_t upper = eight_digits(number / ten_to_8);
     const std::uint64_t lower = eight_digits(number % ten_to_8) | digit_zero;

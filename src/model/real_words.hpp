@@ -16,7 +16,7 @@ namespace velk::input::amesp {
 // in memory and read again as a whole makes the processor wait, for as long as reading a coordinate takes.
 class RealWords {
 public:
-    // The bytes of `text`, and those from its end to `readable_end`, which may lie behind it, can be read.
+    // The bytes of `text`, and those from its end to `readable_end`, which may lie after it, can be read.
     RealWords(std::string_view text, const char* readable_end) noexcept
         : place_(text.data()), end_(text.data() + text.size()), readable_end_(readable_end) {}
 

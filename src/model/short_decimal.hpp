@@ -24,7 +24,7 @@ constexpr bool is_digit(char c) noexcept {
 namespace short_decimals {
 
 inline constexpr std::size_t group_size = 8;
-inline constexpr std::size_t readable_size = 1 + 2 * group_size + 1;  // a sign, two groups and the byte behind them
+inline constexpr std::size_t readable_size = 1 + 2 * group_size + 1;  // a sign, two groups and the byte after them
 
 inline constexpr std::array<std::uint64_t, group_size + 1> integer_powers = {1,      10,      100,      1000,     10000,
                                                                              100000, 1000000, 10000000, 100000000};

@@ -85,7 +85,7 @@ inline LineKind classify(std::string_view text) {
     }
 }
 
-// The value, with white space around it, in what follows the name in a line: it stands behind the first blank or tab.
+// The value, with white space around it, in what follows the name in a line: it comes after the first blank or tab.
 // Other white space ends a name, too, but begins no value.
 inline std::string_view value_behind(std::string_view name_end) {
     const std::size_t blank = name_end.find_first_of(" \t");

@@ -11,7 +11,7 @@ namespace velk::test {
 namespace {
 
 struct Block {
-    std::string info;  // what stands behind the opening fence
+    std::string info;  // what comes after the opening fence
     std::string text;
 };
 

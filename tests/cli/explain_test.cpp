@@ -85,10 +85,10 @@ TEST(Explain, GivesABadExampleThatHasTheFindingAndAGoodOneWithoutAny) {
         const std::string finding = bad.out.substr(0, end).substr(bad.out.rfind('\n', end) + 1);
         const bool is_error = finding.find(": error: ") != std::string::npos;
         EXPECT_EQ(severity, code + (is_error ? " (error)" : " (warning)"));
-        const ProgramRun mended = check("Good:");
-        EXPECT_EQ(mended.status, 0) << code << mended.out;
-        EXPECT_EQ(mended.out, "") << code;
-        EXPECT_THAT(explained.out, HasSubstr("\nTo mend it: "));
+        const ProgramRun fixed = check("Good:");
+        EXPECT_EQ(fixed.status, 0) << code << fixed.out;
+        EXPECT_EQ(fixed.out, "") << code;
+        EXPECT_THAT(explained.out, HasSubstr("\nTo fix it: "));
     }
 }
 

@@ -132,7 +132,7 @@ TEST(FailingAllocation, LeavesMadeRecordsAndNewEditorsWithoutAResult) {
     });
 }
 
-// Edits of every kind laid over the text at once, a record that cannot be written among them.
+// Edits of every kind written into the text at once, a record that cannot be written among them.
 void edit_everything(AIPEditor& editor, bool geometry) {
     editor.set_directive("maxcyc", name);
     editor.set_directive(name, name);

@@ -44,7 +44,7 @@ void measure(const std::string& name, std::size_t size, Work work) {
     CALLGRIND_DUMP_STATS_AT(label.c_str());
 }
 
-// One of each kind of edit, so that laying them over the text has work in every kind of list.
+// One of each kind of edit, so that writing them into the text has work in every kind of list.
 void edit_a_little(AIPEditor& editor) {
     editor.set_directive("maxcyc", "7");
     editor.add_method_token("hf");

@@ -75,7 +75,7 @@ TEST(WriteCoordinate, AgreesWithPrintfAtEveryPowerOfTwo) {
     }
 }
 
-// A mantissa times 10^10, with more than 64 bits behind the point: where the first 64 of them are half a unit, so is
+// A mantissa times 10^10, with more than 64 bits after the point: where the first 64 of them are half a unit, so is
 // all.
 TEST(WriteCoordinate, MeetsNoNumberThatOnlyTheLastBitsTellFromAHalf) {
     __extension__ using Wide = unsigned __int128;

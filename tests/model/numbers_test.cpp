@@ -228,7 +228,7 @@ TEST(ReadReal, HeedsNoLocaleThatTheEnvironmentNames) {
     ::unsetenv("LC_ALL");
 }
 
-// Digits follow, which must not be read, and behind them a page that cannot be.
+// Digits follow, which must not be read, and after them a page that cannot be.
 TEST(Numbers, AreReadToTheEndOfTheirTextAndNoFurther) {
     const std::string digits = "123456789.123456789012345678901234567890";
     for (std::size_t size = 1; size < digits.size(); ++size) {

@@ -47,8 +47,8 @@ constexpr const char* words[] = {"0",
                                  "-123.4567890123456",
                                  "00012.50"};
 
-void expect_same_words(const std::string& line, const std::string& behind) {
-    const std::string text = line + behind;
+void expect_same_words(const std::string& line, const std::string& after) {
+    const std::string text = line + after;
     std::string_view left = std::string_view(text).substr(0, line.size());
     RealWords reals(left, text.data() + text.size());
     RealWords plain(left, text.data() + text.size());

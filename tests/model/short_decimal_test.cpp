@@ -61,7 +61,7 @@ TEST(ShortDecimal, StopsAtTheFirstByteThatIsNoPartOfThePlainNumber) {
     EXPECT_EQ(short_decimal(std::string_view("7\xb1\xb2")).size, 1U);  // digits but for the high bit
 }
 
-// The bytes of the sign, of two groups and the one behind them, and no other.
+// The bytes of the sign, of two groups and the one after them, and no other.
 TEST(ShortDecimal, ReadsNoMoreThanTheReadableBytes) {
     for (const std::string sign : {"", "-", "+"}) {
         for (std::size_t whole = 0; whole < short_decimals::readable_size; ++whole) {

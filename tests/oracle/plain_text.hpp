@@ -15,7 +15,7 @@ std::string key(const std::string& name);
 // Without their line feeds, and without a carriage return right before one; a line feed at the very end starts no line.
 std::vector<std::string> lines_of(const std::string& text);
 std::vector<std::string> words_of(const std::string& text);
-// What stands behind the first blank or tab, trimmed.
+// What comes after the first blank or tab, trimmed.
 std::string behind_first_blank(const std::string& text);
 
 bool starts_with(const std::string& text, const std::string& start);

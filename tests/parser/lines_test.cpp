@@ -69,7 +69,7 @@ TEST(Parser, ReadsDirectives) {
         {"% a # no comment", {"a", "# no comment", false, SourceLocation{1, 1, 16}}},
         {"% A\xc4 \xe4\xff", {"a\xc4", "\xe4\xff", false, SourceLocation{1, 1, 7}}},
         {"% a \0b"s, {"a", "\0b"s, false, SourceLocation{1, 1, 6}}},
-        // A value stands behind the first blank or tab, wherever the name ends.
+        // A value comes after the first blank or tab, wherever the name ends.
         {"% a\rb", {"a", "", false, SourceLocation{1, 1, 5}}},
         {"% a\vb c", {"a", "c", false, SourceLocation{1, 1, 7}}},
         {"% a\r\tb", {"a", "b", false, SourceLocation{1, 1, 6}}},

@@ -84,7 +84,7 @@ TEST(StringMap, KeepsKeysApartWhoseHashesAreEqual) {
     EXPECT_EQ(map.at(other), 2);
 }
 
-// Short keys are compared as words, long ones byte for byte; either way a look-up reads the key and nothing behind it.
+// Short keys are compared as words, long ones byte for byte; either way a look-up reads the key and nothing after it.
 TEST(StringMap, KeepsKeysOfEverySizeApartThatDifferInOneByte) {
     std::vector<std::string> all;
     for (std::size_t size = 0; size <= 40; ++size) {

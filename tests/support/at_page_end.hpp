@@ -1,4 +1,4 @@
-// A text right before memory that cannot be read: reading behind its end ends the process.
+// A text right before memory that cannot be read: reading after its end ends the process.
 #pragma once
 
 #include <sys/mman.h>

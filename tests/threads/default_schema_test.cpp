@@ -20,7 +20,7 @@ using namespace input::amesp;
 
 constexpr std::size_t threads = 16;
 constexpr const char* variable = "VELK_AMESP_INP_SCHEMA_YAML";
-const std::string good = "directives: {mended: }\n";
+const std::string good = "directives: {fixed: }\n";
 const std::string bad = "directives: [\n";
 
 // The body of a child process: exits with 0 when `holds`.
@@ -67,7 +67,7 @@ TEST_F(DefaultSchemaOfThreads, IsOneObjectForAll) {
     write_file(path(), good);
     EXPECT_IN_CHILD({
         const std::vector<const InputSchema*> seen = attempts_at_once();
-        std::_Exit(all_are(seen, &default_schema()) && seen[0]->is_known_directive("mended") ? 0 : 1);
+        std::_Exit(all_are(seen, &default_schema()) && seen[0]->is_known_directive("fixed") ? 0 : 1);
     });
 }
 
@@ -76,7 +76,7 @@ TEST_F(DefaultSchemaOfThreads, FailsForAllAndIsThenMadeForAll) {
         const bool failed = all_are(attempts_at_once(), nullptr) && all_are(attempts_at_once(), nullptr);
         write_file(path(), good);
         const std::vector<const InputSchema*> seen = attempts_at_once();
-        const bool made = all_are(seen, &default_schema()) && seen[0]->is_known_directive("mended");
+        const bool made = all_are(seen, &default_schema()) && seen[0]->is_known_directive("fixed");
         std::_Exit(failed && made ? 0 : 1);
     });
 }
@@ -97,7 +97,7 @@ TEST_F(DefaultSchemaOfThreads, IsTriedAgainByEachUntilTheFileIsMended) {
                 ++failures;
             }
         });
-        std::_Exit(all_are(seen, &default_schema()) && seen[0]->is_known_directive("mended") ? 0 : 1);
+        std::_Exit(all_are(seen, &default_schema()) && seen[0]->is_known_directive("fixed") ? 0 : 1);
     });
 }
 

@@ -30,7 +30,7 @@ struct Outcome {
     std::vector<ValidationIssue> issues;
     std::string rendered;
     std::string edited;
-    std::string laid_over;
+    std::string edited_in_place;
 
     bool operator==(const Outcome&) const = default;
 };
@@ -48,7 +48,7 @@ Outcome work_through(const InputSchema& schema, int variant) {
     editor.remove_section("notes");
     editor.set_xyz_geometry(variant, 1, {{"He", 0, 0, 0, "", {}}});
     outcome.edited = editor.render();
-    outcome.laid_over = editor.render_over(text).text;
+    outcome.edited_in_place = editor.render_over(text).text;
     return outcome;
 }
 

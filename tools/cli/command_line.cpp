@@ -345,7 +345,7 @@ const std::array verbs = {
          "  amesp-inp check --fix --diff *.inp    what the certain fixes would change\n"
          "  make-input | amesp-inp check -        standard input",
          add_check},
-    Verb{"explain", "Says what a code means and how to mend its cause.",
+    Verb{"explain", "Says what a code means and how to fix its cause.",
          "  amesp-inp explain amesp.unterminated_section\n"
          "  amesp-inp explain                             lists all codes",
          add_explain},

@@ -18,7 +18,7 @@ struct EditOutput {
     bool in_place = false;
     bool diff = false;
     bool force = false;      // also where content is lost or a file is guarded
-    bool canonical = false;  // rendered in full instead of laid over the text
+    bool canonical = false;  // rendered in full instead of written into the text
     std::string path;        // of another file to write
     std::string color = "auto";
     bool quiet = false;  // no warnings and no summary

@@ -209,11 +209,11 @@ std::vector<Diagnostic> new_findings(const std::string& before, const std::strin
 }  // namespace
 
 int finish_edit(const EditOutput& output, const Input& input, const std::string& before, const AIPEditor& editor) {
-    OverlayResult laid_over = output.canonical ? OverlayResult() : editor.render_over(before);
-    const std::string after = output.canonical ? editor.render() : std::move(laid_over.text);
+    OverlayResult edited_in_place = output.canonical ? OverlayResult() : editor.render_over(before);
+    const std::string after = output.canonical ? editor.render() : std::move(edited_in_place.text);
     const std::vector<Diagnostic> lost =
-        output.canonical ? canonical_losses(editor, before, after) : not_written(laid_over, before);
-    const bool hopeless = output.canonical ? cannot_be_forced(lost) : lacks_a_record(laid_over);
+        output.canonical ? canonical_losses(editor, before, after) : not_written(edited_in_place, before);
+    const bool hopeless = output.canonical ? cannot_be_forced(lost) : lacks_a_record(edited_in_place);
     // What is lost has its place in the text before, findings have theirs in the text that would be written.
     const bool loses = report_findings(output, input, before, lost);
     const bool refused = report_findings(output, input, after, new_findings(before, after, editor.schema())) || loses;

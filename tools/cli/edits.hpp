@@ -61,8 +61,8 @@ void apply(velk::input::amesp::AIPEditor& editor, const Edits& edits, const Geom
 // Whether an edit asks for what no canonical text says: that makes no sense even when forced.
 bool cannot_be_forced(const std::vector<velk::input::amesp::Diagnostic>& findings);
 
-// Delivers the edited document, laid over the text that it was read from or in canonical form, unless that text cannot
-// say what the document holds or has errors that the text before did not have; those, and warnings likewise, are
+// Delivers the edited document, written into the text that it was read from or in canonical form, unless that text
+// cannot say what the document holds or has errors that the text before did not have; those, and warnings likewise, are
 // reported. Returns the exit status.
 int finish_edit(const EditOutput& output, const Input& input, const std::string& before,
                 const velk::input::amesp::AIPEditor& editor);

@@ -1,4 +1,4 @@
-// amesp-inp explain: what a code means and how to mend its cause.
+// amesp-inp explain: what a code means and how to fix its cause.
 #include "explain.hpp"
 
 #include <algorithm>
@@ -38,7 +38,7 @@ std::string explanation(const CodeInfo& info) {
     if (!info.schema.empty()) {
         text += "\nWith the schema:\n\n" + indented(info.schema);
     }
-    text += "\nTo mend it: " + std::string(info.remedy) + "\n";
+    text += "\nTo fix it: " + std::string(info.remedy) + "\n";
     return text;
 }
 

@@ -66,8 +66,8 @@ INSTANTIATE_TEST_SUITE_P(
         certain("LastEndOfAnEmptySection", ">scf", ">scf\nend\n"),
         certain("LastEndOfAnUnknownSection", ">odd\n  a b\n", ">odd\n  a b\nend\n"),
         certain("IndentedEnd", "  >scf\n    conv 1e-6\n", "  >scf\n    conv 1e-6\n  end\n"),
-        certain("CommentsOfASectionAndBehindIt", ">scf\n  conv 1e-6\n  # tight\n# behind\n",
-                ">scf\n  conv 1e-6\n  # tight\nend\n# behind\n"),
+        certain("CommentsOfASectionAndAfterIt", ">scf\n  conv 1e-6\n  # tight\n# after\n",
+                ">scf\n  conv 1e-6\n  # tight\nend\n# after\n"),
         // Ends before what a section swallows.
         certain("EndBeforeASection", ">scf\n  conv 1e-6\n\n# geometry\n>xyz 0 1\n  He 0 0 0\nend\n",
                 ">scf\n  conv 1e-6\nend\n\n# geometry\n>xyz 0 1\n  He 0 0 0\nend\n"),

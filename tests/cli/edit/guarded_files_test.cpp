@@ -46,7 +46,7 @@ const Guard guards[] = {
     {"nothing", 0644, false, false, ""},
     {"write permission of the owner alone", 0200 | 0400, false, false, ""},
     {"mode bits", 0444, false, false, "it is write-protected (--force replaces it)"},
-    {"mode bits behind a link", 0400, false, true, "it is write-protected (--force replaces it)"},
+    {"mode bits of what a link names", 0400, false, true, "it is write-protected (--force replaces it)"},
     {"a permission that others have", 0466, false, false, "it is write-protected (--force replaces it)"},
     {"a second name", 0644, true, false,
      "it has 2 hard links, of which the others would keep the old content (--force replaces it)"},

@@ -18,7 +18,7 @@ struct CodeInfo {
     Severity severity;  // of most findings that carry it
     std::string_view meaning;
     std::string_view bad_example;   // an input, or a command, that gives the finding; empty when none can
-    std::string_view good_example;  // the same, mended
+    std::string_view good_example;  // the same, fixed
     std::string_view remedy;
     std::string_view schema;  // as YAML, what the examples need beside the starter schema; usually empty
 };

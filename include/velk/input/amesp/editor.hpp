@@ -16,7 +16,7 @@
 
 namespace velk::input::amesp {
 
-// How a document is laid over a text.
+// How a document is written into a text.
 struct OverlayOptions {
     bool preserve_unknown = true;    // the document was read with that
     bool drop_header_words = false;  // a new geometry does not take over the words after charge and multiplicity

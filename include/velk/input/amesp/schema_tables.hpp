@@ -1,4 +1,4 @@
-// The tables behind a schema, for callers that fill one by hand or list what it knows.
+// The tables of a schema, for callers that fill one by hand or list what it knows.
 //
 // All keys and stored names are expected to be normalised: trimmed and in lower case (ASCII).
 #pragma once
