@@ -11,6 +11,8 @@
 #include <velk/input/amesp/diagnostics.hpp>
 #include <velk/input/amesp/schema_tables.hpp>
 
+#include "diagnostics/detectors.hpp"
+#include "diagnostics/fold_causes.hpp"
 #include "diagnostics/missing_ends.hpp"
 #include "diagnostics/name_hints.hpp"
 #include "diagnostics/places.hpp"
@@ -74,13 +76,15 @@ public:
     Diagnoser(const TextPositions& text, const InputSchema& schema, Diagnosis& diagnosis)
         : text_(text), hints_(schema), renames_(diagnosis.document, schema, text), diagnosis_(diagnosis) {}
 
-    void run(std::string_view text, const InputSchema& schema) {
-        const std::vector<RuleFinding> findings = DocumentCheck::run(schema, diagnosis_.document);
+    void run(std::string_view text, const SchemaSource& schema) {
+        const std::vector<RuleFinding> findings = DocumentCheck::run(schema.rules, diagnosis_.document);
         add_warnings(findings);
         for (const RuleFinding& finding : findings) {
             add(finding);
         }
-        add_ends(find_missing_ends(text, schema));
+        add_ends(find_missing_ends(text, schema.rules));
+        const LineTable lines(text);
+        found_ = fold_causes(detect({text_, lines, diagnosis_.document, schema}), std::move(found_));
         std::stable_sort(found_.begin(), found_.end(), [](const Diagnostic& a, const Diagnostic& b) {
             return std::pair(a.range->start.line, a.range->start.column) <
                    std::pair(b.range->start.line, b.range->start.column);
@@ -215,7 +219,7 @@ Diagnosis diagnose(std::string_view text, const SchemaSource& schema, const Diag
     Diagnosis diagnosis;
     diagnosis.document = read_document(text, schema.rules, true);
     const TextPositions positions(text);
-    Diagnoser(positions, schema.rules, diagnosis).run(text, schema.rules);
+    Diagnoser(positions, schema.rules, diagnosis).run(text, schema);
     apply_limit(diagnosis, options.limit_per_code);
     return diagnosis;
 }

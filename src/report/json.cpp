@@ -30,6 +30,25 @@ const char* name_of(Severity severity) {
     return severity == Severity::error ? "\"error\"" : severity == Severity::warning ? "\"warning\"" : "\"note\"";
 }
 
+std::string json_of(const TextEdit& edit) {
+    return "{\"offset\":" + std::to_string(edit.offset) + ",\"length\":" + std::to_string(edit.length) +
+           ",\"text\":" + json_string(edit.text) + "}";
+}
+
+std::string json_of(const Fix& fix) {
+    return "{\"title\":" + json_string(fix.title) +
+           ",\"applicability\":" + (fix.applicability == Applicability::certain ? "\"certain\"" : "\"likely\"") +
+           ",\"edits\":" + list_of(fix.edits, [](const TextEdit& edit) { return json_of(edit); }) + "}";
+}
+
+std::string json_of(const Cause& cause) {
+    std::string json = "{\"severity\":";
+    json += name_of(cause.severity);
+    json += ",\"code\":" + json_string(cause.code);
+    json += ",\"message\":" + json_string(cause.message);
+    return json + ",\"range\":" + json_of(cause.range) + "}";
+}
+
 std::string json_of(const Diagnostic& finding) {
     std::string json = "{\"severity\":";
     json += name_of(finding.severity);
@@ -38,13 +57,15 @@ std::string json_of(const Diagnostic& finding) {
     json += ",\"range\":" + json_of(finding.range);
     json += ",\"notes\":" + list_of(finding.related, [](const Related& related) { return json_of(related); });
     json += ",\"help\":" + list_of(finding.help, json_string);
+    json += ",\"fixes\":" + list_of(finding.fixes, [](const Fix& fix) { return json_of(fix); });
+    json += ",\"causes\":" + list_of(finding.causes, [](const Cause& cause) { return json_of(cause); });
     return json + "}";
 }
 
 }  // namespace
 
 std::string json_report_head(const std::string& schema_path) {
-    return R"({"format":"amesp-inp findings","version":1,"schema":)" + json_string(schema_path) + ",\"files\":[";
+    return R"({"format":"amesp-inp findings","version":2,"schema":)" + json_string(schema_path) + ",\"files\":[";
 }
 
 std::string json_report(const FileFindings& file) {

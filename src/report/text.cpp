@@ -66,6 +66,12 @@ public:
                 out_ += '\n';
                 add_excerpt(related.range);
             }
+            for (const Cause& cause : diagnostic.causes) {
+                add_head(cause.range, {"note", style_.note}, "from this: " + cause.message);
+                out_ += " [";
+                out_ += cause.code;
+                out_ += "]\n";
+            }
         }
         return std::move(out_);
     }
