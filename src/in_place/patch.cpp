@@ -6,15 +6,32 @@
 
 #include <velk/core/text_view.hpp>
 
-#include "large_room.hpp"
-
 namespace velk::input::amesp {
 namespace {
 
-// Of a text that ends in a line feed.
-bool ends_with_blank_line(std::string_view text) {
-    text.remove_suffix(1);
-    return core::text::trim_view(text.substr(text.rfind('\n') + 1)).empty();  // npos + 1 is 0
+// Of bytes that are no UTF-8 any place will do.
+bool begins_character(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+}
+
+// The edit that gives `old` the bytes of `text`, without what both begin and end with; whole characters.
+TextEdit difference(std::size_t offset, std::string_view old, std::string_view text) {
+    std::size_t begin = 0;
+    const std::size_t shorter = std::min(old.size(), text.size());
+    while (begin < shorter && old[begin] == text[begin]) {
+        ++begin;
+    }
+    while (begin > 0 && begin < old.size() && !begins_character(old[begin])) {
+        --begin;
+    }
+    std::size_t end = 0;  // counted from the ends
+    while (end < shorter - begin && old[old.size() - 1 - end] == text[text.size() - 1 - end]) {
+        ++end;
+    }
+    while (end > 0 && !begins_character(old[old.size() - end])) {
+        --end;
+    }
+    return {offset + begin, old.size() - begin - end, std::string(text.substr(begin, text.size() - begin - end))};
 }
 
 }  // namespace
@@ -55,66 +72,68 @@ std::string_view Patch::line_end_at(std::size_t slot) const {
     return neighbour > 0 ? lines_.line_end(neighbour - 1) : line_feed;
 }
 
-void Patch::emit(std::string& out, const Insertion& insertion) const {
+Patch::Last Patch::emit(std::vector<TextEdit>& edits, const Insertion& insertion, const Last& last) const {
     const std::string_view end = line_end_at(insertion.slot);
-    if (!out.empty() && out.back() != '\n') {
-        out += out.back() == '\r' ? std::string_view("\n") : end;
+    const std::size_t offset = lines_.begin_of(insertion.slot);
+    if (edits.empty() || edits.back().offset != offset || edits.back().length != 0) {
+        edits.push_back({offset, 0, {}});
     }
-    if (insertion.after_blank && !out.empty() && !ends_with_blank_line(out)) {
+    std::string& out = edits.back().text;
+    if (!last.text.empty() && last.line_end.empty()) {
+        out += last.text.ends_with('\r') ? std::string_view("\n") : end;
+    }
+    if (insertion.after_blank && !core::text::trim_view(last.text).empty()) {
         out += end;
     }
     out += insertion.text;
     out += end;
+    return {insertion.text, end};
 }
 
-std::size_t Patch::longest_size() const {
-    constexpr std::size_t line_ends = 6;  // of the line before it, of a blank one, its own
-    std::size_t size = lines_.text().size();
-    for (const Insertion& insertion : insertions_) {
-        size += insertion.text.size() + line_ends;
+Patch::Last Patch::emit_replacement(std::vector<TextEdit>& edits, std::size_t line, const std::string& text) const {
+    if (const std::string_view old = lines_.raw(line); text != old) {
+        edits.push_back(difference(lines_.begin_of(line), old, text));
     }
-    for (const auto& [line, text] : replaced_) {
-        size += text.size();
-    }
-    return size;
+    return {text, lines_.line_end(line)};
 }
 
-std::string Patch::assemble() {
+// Lines that follow each other go at once.
+void Patch::emit_drop(std::vector<TextEdit>& edits, std::size_t line) const {
+    const std::size_t begin = lines_.begin_of(line);
+    const std::size_t length = lines_.begin_of(line + 1) - begin;
+    if (!edits.empty() && edits.back().text.empty() && edits.back().offset + edits.back().length == begin) {
+        edits.back().length += length;
+        return;
+    }
+    edits.push_back({begin, length, {}});
+}
+
+std::vector<TextEdit> Patch::edits() {
     std::stable_sort(insertions_.begin(), insertions_.end(), [](const Insertion& a, const Insertion& b) {
         return std::pair(a.slot, a.order) < std::pair(b.slot, b.order);
     });
     std::sort(replaced_.begin(), replaced_.end());
-    std::string out;
-    core::reserve_room(out, longest_size());
-    std::size_t copied = 0;  // of the old text, what stays in one piece goes over in one piece
-    const auto copy_up_to = [&](std::size_t line) {
-        const std::size_t begin = lines_.begin_of(line);
-        out += lines_.text().substr(copied, begin - copied);
-        copied = begin;
-    };
+    std::vector<TextEdit> edits;
+    Last last;
     auto insertion = insertions_.begin();
     auto replacement = replaced_.begin();
-    for (std::size_t line = 0; line < lines_.size(); ++line) {
+    for (std::size_t line = 0; line <= lines_.size(); ++line) {
         for (; insertion != insertions_.end() && insertion->slot == line; ++insertion) {
-            copy_up_to(line);
-            emit(out, *insertion);
+            last = emit(edits, *insertion, last);
         }
-        const bool replaced = replacement != replaced_.end() && replacement->first == line;
-        if (replaced || dropped_[line]) {
-            copy_up_to(line);
-            copied = lines_.begin_of(line + 1);
+        if (line == lines_.size()) {
+            break;
         }
-        if (replaced) {
-            out += replacement->second;
-            out += lines_.line_end(line);
+        if (replacement != replaced_.end() && replacement->first == line) {
+            last = emit_replacement(edits, line, replacement->second);
             ++replacement;
+        } else if (dropped_[line]) {
+            emit_drop(edits, line);
+        } else {
+            last = {lines_.raw(line), lines_.line_end(line)};
         }
     }
-    copy_up_to(lines_.size());
-    for (; insertion != insertions_.end(); ++insertion) {
-        emit(out, *insertion);
-    }
-    return out;
+    return edits;
 }
 
 }  // namespace velk::input::amesp

@@ -1,10 +1,12 @@
-// What becomes of each line of a text, and the text that this makes.
+// What becomes of each line of a text, and the edits that this makes.
 #pragma once
 
 #include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
+
+#include <velk/input/amesp/text_edit.hpp>
 
 #include "in_place/line_table.hpp"
 
@@ -34,9 +36,9 @@ public:
     // Whether something besides section content was put after the last line.
     bool appends() const;
 
-    // The new text. An inserted line ends like the line before it, else like the one after it, else with a line feed;
-    // a last line without a line end gets one when something follows it.
-    std::string assemble();
+    // What makes the new text of the old one, once. An inserted line ends like the line before it, else like the one
+    // after it, else with a line feed; a last line without a line end gets one when something follows it.
+    std::vector<TextEdit> edits();
 
 private:
     struct Insertion {
@@ -45,9 +47,15 @@ private:
         bool after_blank = false;
         std::string text;
     };
+    // The last line of the new text so far; at the top, nothing.
+    struct Last {
+        std::string_view text;
+        std::string_view line_end;
+    };
     std::string_view line_end_at(std::size_t slot) const;
-    std::size_t longest_size() const;
-    void emit(std::string& out, const Insertion& insertion) const;
+    Last emit(std::vector<TextEdit>& edits, const Insertion& insertion, const Last& last) const;
+    Last emit_replacement(std::vector<TextEdit>& edits, std::size_t line, const std::string& text) const;
+    void emit_drop(std::vector<TextEdit>& edits, std::size_t line) const;
 
     const LineTable& lines_;
     std::vector<bool> dropped_;

@@ -1,6 +1,7 @@
 // An edited document written into the text that it was read from.
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <velk/input/amesp/editor.hpp>
 
@@ -38,11 +39,11 @@ void close_open_section(Revision& revision) {
 
 }  // namespace
 
-OverlayResult AIPEditor::render_over(std::string_view original, bool preserve_unknown) const {
-    return render_over(original, OverlayOptions{preserve_unknown, false});
+TextEdits AIPEditor::text_edits(std::string_view original, bool preserve_unknown) const {
+    return text_edits(original, OverlayOptions{preserve_unknown, false});
 }
 
-OverlayResult AIPEditor::render_over(std::string_view original, const OverlayOptions& options) const {
+TextEdits AIPEditor::text_edits(std::string_view original, const OverlayOptions& options) const {
     const AIPData before = read_document(original, schema_, options.preserve_unknown);
     const LineTable lines(original);
     Patch patch(lines);
@@ -53,7 +54,16 @@ OverlayResult AIPEditor::render_over(std::string_view original, const OverlayOpt
     edit_method_tokens(revision, before, data_);
     edit_sections(revision, before, data_);
     close_open_section(revision);
-    return {patch.assemble(), problems.take()};
+    return {patch.edits(), problems.take()};
+}
+
+OverlayResult AIPEditor::render_over(std::string_view original, bool preserve_unknown) const {
+    return render_over(original, OverlayOptions{preserve_unknown, false});
+}
+
+OverlayResult AIPEditor::render_over(std::string_view original, const OverlayOptions& options) const {
+    TextEdits made = text_edits(original, options);
+    return {apply(original, made.edits), std::move(made.problems)};
 }
 
 }  // namespace velk::input::amesp

@@ -12,6 +12,7 @@
 #include <velk/input/amesp/document.hpp>
 #include <velk/input/amesp/export.hpp>
 #include <velk/input/amesp/schema.hpp>
+#include <velk/input/amesp/text_edit.hpp>
 #include <velk/input/amesp/validation.hpp>
 
 namespace velk::input::amesp {
@@ -20,6 +21,12 @@ namespace velk::input::amesp {
 struct OverlayOptions {
     bool preserve_unknown = true;    // the document was read with that
     bool drop_header_words = false;  // a new geometry does not take over the words after charge and multiplicity
+};
+
+// What `AIPEditor::text_edits` returns.
+struct TextEdits {
+    std::vector<TextEdit> edits;            // sorted, as `apply` takes them
+    std::vector<ValidationIssue> problems;  // as those of an `OverlayResult`
 };
 
 // What `AIPEditor::render_over` returns.
@@ -99,6 +106,9 @@ public:
     // Throws nothing but std::bad_alloc. Time and memory are proportional to the text: about one parse and a copy.
     VELK_AMESP_INP_EXPORT OverlayResult render_over(std::string_view original, bool preserve_unknown = true) const;
     VELK_AMESP_INP_EXPORT OverlayResult render_over(std::string_view original, const OverlayOptions& options) const;
+    // The edits that `render_over` makes: of a changed line the characters that differ, and of lines that stay none.
+    VELK_AMESP_INP_EXPORT TextEdits text_edits(std::string_view original, bool preserve_unknown = true) const;
+    VELK_AMESP_INP_EXPORT TextEdits text_edits(std::string_view original, const OverlayOptions& options) const;
 
     // Updates the first directive of that name or appends one. An empty value is stored as such.
     VELK_AMESP_INP_EXPORT void set_directive(std::string name, std::string value);
