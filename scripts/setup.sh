@@ -13,7 +13,7 @@ done
 if [ ${#missing[@]} -eq 0 ]; then
   exit 0
 fi
-echo "Installing: ${missing[*]}"
+echo "Installing Debian packages, which takes a minute or two: ${missing[*]}"
 as_root=()
 if [ "$(id -u)" -ne 0 ]; then
   as_root=(sudo)

@@ -1,7 +1,15 @@
 #!/usr/bin/env bash
-# Sets up what is missing, then builds and runs every check of the project.
+# Sets up what is missing, then builds and runs every check of the project. With --quick, for use while working: without
+# sanitizers, fuzzers, coverage and mutation, the model on fewer random texts, and the analysers on changed sources alone.
+# usage: test.sh [--quick]
 set -euo pipefail
 cd "$(dirname "$0")/.."
+quick=false
+case "$*" in
+  "") ;;
+  --quick) quick=true ;;
+  *) echo "usage: $0 [--quick]" >&2; exit 2 ;;
+esac
 scripts/setup.sh scripts/packages.txt scripts/check_packages.txt
 
 step() { printf '\n== %s (%s s)\n' "$1" "$SECONDS"; }
@@ -15,28 +23,40 @@ cmake --preset gcc
 cmake --build --preset gcc
 
 step "g++: tests"
-ctest --preset gcc -j2
+$quick && export VELK_ORACLE_DOCUMENTS=10000
+ctest --preset gcc -j3
 
-step "the installed package, the build inside another project, the exported symbols"
+step "growth in instructions, a build without what only Linux has, the README's example; beside them the installed package,
+the exported symbols, the benchmarks, each row run once, and the hardening"
+beside() {
+  scripts/check_growth.sh build/gcc
+  scripts/check_portable.sh
+  scripts/try.sh
+}
+beside >build/beside.log 2>&1 &
 tests/install/installed_package.sh build/gcc "$PWD"
-tests/install/subdirectory.sh "$PWD"
 tests/install/exported_symbols.sh build/gcc/lib "$PWD"
-
-step "growth: instructions at two sizes"
-scripts/check_growth.sh build/gcc
-
-step "without what only Linux has"
-scripts/check_portable.sh
-
-step "the hardening of the built files"
+scripts/check_benchmarks.sh build/gcc
 scripts/check_hardening.sh build/gcc
+wait $! || { cat build/beside.log; exit 1; }
+
+if $quick; then
+  step "static analysis of what is not committed"
+  mapfile -t changed < <(git diff --name-only --diff-filter=d HEAD; git ls-files --others --exclude-standard)
+  scripts/check_static.sh "${changed[@]}"
+  step "all quick checks passed"
+  exit
+fi
+
+step "the build inside another project"
+tests/install/subdirectory.sh "$PWD"
 
 step "clang++: build with warnings as errors, address and undefined-behaviour sanitizers"
 cmake --preset sanitize
 cmake --build --preset sanitize
 
 step "clang++: tests under the sanitizers"
-ctest --preset sanitize -j2
+ctest --preset sanitize -j3
 
 step "clang++: threads under the thread sanitizer"
 scripts/check_threads.sh
@@ -49,12 +69,6 @@ scripts/check_coverage.sh
 
 step "static analysis"
 scripts/check_static.sh
-
-step "the benchmarks: built, and each row run once"
-scripts/check_benchmarks.sh build/gcc
-
-step "the example of the README"
-scripts/try.sh >build/try.log || { cat build/try.log; exit 1; }
 
 step "mutation: a sample of changed sources that the tests have to notice"
 scripts/mutate.py build/gcc

@@ -3,6 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
+echo "Building the library and the program, which takes about a minute"
 cmake --preset release
 cmake --build --preset release
 program=build/release/bin/amesp-inp

@@ -9,7 +9,7 @@ for suite_core in OFF ON; do
   printf '== core libraries of the enclosing project: %s\n' "$suite_core"
   build=$work/$suite_core
   cmake -G Ninja -S "$source/tests/install/subdirectory" -B "$build" -DAMESP_INP_SOURCE="$source" \
-    -DSUITE_CORE="$suite_core" -DVELK_INSTALL=ON >"$work/log" 2>&1 && cmake --build "$build" >>"$work/log" 2>&1 &&
+    -DSUITE_CORE="$suite_core" -DVELK_INSTALL=ON -DCMAKE_UNITY_BUILD=ON -DCMAKE_UNITY_BUILD_BATCH_SIZE=16 >"$work/log" 2>&1 && cmake --build "$build" >>"$work/log" 2>&1 &&
     cmake --install "$build" --prefix "$work/installed-$suite_core" >>"$work/log" 2>&1 ||
     { cat "$work/log"; exit 1; }
   VELK_AMESP_INP_SCHEMA_YAML=$source/schemas/input/amesp.yaml "$build/consumer" | grep -qx '% maxcore 1000'
