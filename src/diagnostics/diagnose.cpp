@@ -43,7 +43,7 @@ Diagnostic without_place(Severity severity, std::string_view code, std::string m
 // What the user may have meant by a name, found once for each name however often it stands in the text.
 class Hints {
 public:
-    explicit Hints(const InputSchema& schema) : schema_(schema) {}
+    explicit Hints(const InputSchema& schema) : hinter_(schema) {}
 
     const NameHints& of(const Subject& subject) {
         const auto [place, is_new] = known_.try_emplace({subject.kind, subject.section, subject.name});
@@ -54,22 +54,38 @@ public:
     }
 
 private:
-    NameHints made_for(const Subject& subject) const {
+    NameHints made_for(const Subject& subject) {
         if (subject.kind == subjects::directive) {
-            return hints_for_directive(schema_, subject.name);
+            return hinter_.for_directive(subject.name);
         }
         if (subject.kind == subjects::token) {
-            return hints_for_token(schema_, subject.name);
+            return hinter_.for_token(subject.name);
         }
         if (subject.kind == subjects::section) {
-            return hints_for_section(schema_, subject.name);
+            return hinter_.for_section(subject.name);
         }
-        return hints_for_entry(schema_, subject.section, subject.name);
+        return hinter_.for_entry(subject.section, subject.name);
     }
 
-    const InputSchema& schema_;
+    NameHinter hinter_;
     std::map<std::array<std::string, 3>, NameHints> known_;  // ordered: an input cannot aim at its cost
 };
+
+// Of those at one place the order stays.
+std::vector<Diagnostic> by_place(std::vector<Diagnostic> found) {
+    std::vector<std::pair<std::uint64_t, std::size_t>> order;  // diagnostics are large, and sorting moves things often
+    order.reserve(found.size());
+    for (const Diagnostic& diagnostic : found) {
+        order.emplace_back(diagnostic.range->offset, order.size());
+    }
+    std::sort(order.begin(), order.end());
+    std::vector<Diagnostic> sorted;
+    sorted.reserve(found.size());
+    for (const auto& [offset, index] : order) {
+        sorted.push_back(std::move(found[index]));
+    }
+    return sorted;
+}
 
 class Diagnoser {
 public:
@@ -85,11 +101,7 @@ public:
         add_ends(find_missing_ends(text, schema.rules));
         const LineTable lines(text);
         found_ = fold_causes(detect({text_, lines, diagnosis_.document, schema}), std::move(found_));
-        std::stable_sort(found_.begin(), found_.end(), [](const Diagnostic& a, const Diagnostic& b) {
-            return std::pair(a.range->start.line, a.range->start.column) <
-                   std::pair(b.range->start.line, b.range->start.column);
-        });
-        diagnosis_.diagnostics = std::move(found_);
+        diagnosis_.diagnostics = by_place(std::move(found_));
     }
 
 private:

@@ -9,19 +9,13 @@
 namespace velk::input::amesp {
 namespace {
 
+// In all units but bytes.
 std::uint64_t units_of(const Character& character, ColumnUnit unit) {
     constexpr std::uint64_t replacement_in_utf8 = 3;
-    switch (unit) {
-        case ColumnUnit::byte:
-            break;
-        case ColumnUnit::utf8:
-            return character.valid ? character.bytes : replacement_in_utf8;
-        case ColumnUnit::utf16:
-            return character.bytes == 4 ? 2 : 1;
-        case ColumnUnit::utf32:
-            return 1;
+    if (unit == ColumnUnit::utf8) {
+        return character.valid ? character.bytes : replacement_in_utf8;
     }
-    return character.bytes;
+    return unit == ColumnUnit::utf16 && character.bytes == 4 ? 2 : 1;
 }
 
 // Both columns of a place, from 0.
@@ -45,13 +39,33 @@ Columns walk(std::string_view line, ColumnUnit unit, IsWithin is_within) {
     return at;
 }
 
+// The column of the first byte of the character that a column is in. A byte that begins a character is part of no other
+// one, so that a look at the bytes right before is enough.
+std::uint64_t character_column(std::string_view line, std::uint64_t column) {
+    constexpr std::size_t most_before = 3;
+    const auto at =
+        static_cast<std::size_t>(std::min<std::uint64_t>(std::max<std::uint64_t>(column, 1) - 1, line.size()));
+    for (std::size_t before = 1; before <= std::min(at, most_before); ++before) {
+        if (first_character(line.substr(at - before)).bytes > before) {
+            return at - before + 1;
+        }
+    }
+    return at + 1;
+}
+
 }  // namespace
 
 std::uint64_t column_from_bytes(std::string_view line, std::uint64_t byte_column, ColumnUnit unit) {
+    if (unit == ColumnUnit::byte) {
+        return character_column(line, byte_column);
+    }
     return walk(line, unit, [&](const Columns& next) { return next.bytes < byte_column; }).units + 1;
 }
 
 std::uint64_t column_to_bytes(std::string_view line, std::uint64_t column, ColumnUnit unit) {
+    if (unit == ColumnUnit::byte) {
+        return character_column(line, column);
+    }
     return walk(line, unit, [&](const Columns& next) { return next.units < column; }).bytes + 1;
 }
 

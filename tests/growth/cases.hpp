@@ -37,6 +37,9 @@ struct NameCase {
 
 const std::vector<TextCase>& text_cases();
 const std::vector<TextCase>& long_line_cases();
+// Under a schema that knows as many names.
+const std::vector<TextCase>& finding_cases();
+std::string yaml_of_many_names(std::size_t n);
 const std::vector<SchemaCase>& schema_cases();
 const std::vector<EditCase>& edit_cases();
 const std::vector<NameCase>& name_cases();

@@ -94,6 +94,12 @@ void measure_text(const TextCase& one, const InputSchema& known, std::size_t siz
     measure(named("looks_like_amesp_input"), size, [&] { return AIPParser::looks_like_amesp_input(text); });
 }
 
+void measure_findings(const TextCase& one, const SchemaSource& known, std::size_t size) {
+    const std::string text = one.text(size);
+    measure(std::string("diagnose: ") + one.name, size, [&] { return diagnose(text, known); });
+    measure(std::string("fix_all: ") + one.name, size, [&] { return fix_all(text, known, Applicability::likely); });
+}
+
 // Directives, tokens, sections and entries: half of one name, half all different.
 std::string text_of_everything(std::size_t n) {
     const auto each = [&](const char* piece) { return repeated(n, piece); };
@@ -133,7 +139,12 @@ void measure_all(std::size_t size) {
     for (const auto& cases : {text_cases(), long_line_cases()}) {
         for (const TextCase& one : cases) {
             measure_text(one, known, size);
+            measure_findings(one, known, size);
         }
+    }
+    const SchemaSource many_names = InputSchema::from_yaml(yaml_of_many_names(size));
+    for (const TextCase& one : finding_cases()) {
+        measure_findings(one, many_names, size);
     }
     for (const EditCase& one : edit_cases()) {
         measure_edit(one, known, size);

@@ -23,7 +23,7 @@ struct Position {
 
 // A column of a line (without its line end) in bytes, as another column, and back. A column within a character is that
 // of its first byte or unit; one past the end of the line is the end, the column after its last character. Time is in
-// proportion to the part of the line before the column.
+// proportion to the part of the line before the column, but constant for columns in bytes.
 VELK_AMESP_INP_EXPORT std::uint64_t column_from_bytes(std::string_view line, std::uint64_t byte_column,
                                                       ColumnUnit unit);
 VELK_AMESP_INP_EXPORT std::uint64_t column_to_bytes(std::string_view line, std::uint64_t column, ColumnUnit unit);
