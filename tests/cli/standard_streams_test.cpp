@@ -28,7 +28,6 @@ std::vector<std::string> many_files() {
     std::vector<std::string> words = {"check", "--fix", "-j", "3"};
     for (int i = 0; i < 30; ++i) {
         words.push_back("fix/" + std::to_string(i) + ".inp");
-        words.push_back("fix/missing-" + std::to_string(i) + ".inp");
     }
     return words;
 }
@@ -39,17 +38,20 @@ const std::vector<Verb> verbs = {
     {"CheckJson", {"check", "--format", "json", "a.inp"}},
     {"CheckStandardInput", {"check", "-"}, true},
     {"CheckFix", many_files()},
+    {"CheckFixMissing", {"check", "--fix", "-j", "3", "a.inp", "missing.inp", "b.inp"}},
     {"CheckFixDiff", {"check", "--fix=all", "--diff", "a.inp"}},
     {"Explain", {"explain", "amesp.invalid_value"}},
     {"ExplainUnknown", {"explain", "none"}},
     {"Show", {"show", "a.inp"}},
     {"ShowStandardInput", {"show", "-"}, true},
     {"Fmt", {"fmt", "a.inp"}},
-    {"FmtInPlace", {"fmt", "-i", "a.inp", "b.inp", "c.inp", "missing.inp"}},
+    {"FmtInPlace", {"fmt", "-i", "a.inp", "b.inp", "c.inp"}},
+    {"FmtInPlaceMissing", {"fmt", "-i", "c.inp", "missing.inp"}},
     {"FmtCheck", {"fmt", "--check", "a.inp", "b.inp"}},
     {"Get", {"get", "b.inp", "!", "nothing"}},
     {"Set", {"set", "-", "--directive", "maxcore=1"}, true},
-    {"SetInPlace", {"set", "-i", "a.inp", "missing.inp", "b.inp", "--directive", "maxcore=1"}},
+    {"SetInPlace", {"set", "-i", "a.inp", "b.inp", "c.inp", "--directive", "unknown=1"}},
+    {"SetInPlaceMissing", {"set", "-i", "a.inp", "missing.inp", "b.inp", "--directive", "maxcore=1"}},
     {"SetInvalid", {"set", "-i", "b.inp", "--directive", "maxcore=many"}},
     {"SetOutput", {"set", "b.inp", "-o", "new.inp", "--directive", "maxcore=1"}},
     {"GeomOut", {"geom", "b.inp", "--to-xyz", "new.xyz"}},

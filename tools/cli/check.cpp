@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
@@ -17,6 +18,7 @@
 #include "exit_status.hpp"
 #include "inputs.hpp"
 #include "output.hpp"
+#include "output_file.hpp"
 #include "progress.hpp"
 #include "usage_error.hpp"
 #include "workers.hpp"
@@ -91,6 +93,45 @@ FileCheck file_check(const CheckOptions& options) {
     return check;
 }
 
+// One that may not be replaced is no trouble unless there is something to fix in it.
+bool can_all_be_written(const std::vector<Input>& inputs, const SchemaSource& schema, FileCheck check) {
+    check.diff = true;
+    bool all = true;
+    for (const Input& input : inputs) {
+        const std::string guard = guard_of(input.path);
+        if (!guard.empty() && check_file(input, schema, check).fixed) {
+            complain("cannot write '" + input.path + "': " + guard);
+            all = false;
+        }
+    }
+    return all;
+}
+
+// What is to be fixed in place is looked at before the first file is written.
+bool can_all_be_fixed(const CheckOptions& options, const std::vector<Input>& inputs, const SchemaSource& schema,
+                      const FileCheck& check) {
+    const bool can = can_all_be_read(options.inputs, inputs) &&
+                     (check.diff || check.force || can_all_be_written(inputs, schema, check));
+    if (!can && !check.diff) {
+        say_how_many_were_written(0, inputs.size());
+    }
+    return can;
+}
+
+// The first failure of a run that writes stops it: what has not been begun then is left alone.
+FileReport check_unless(std::atomic<bool>& stops, const Input& input, const SchemaSource& schema,
+                        const FileCheck& check) {
+    FileReport report;
+    report.skipped = stops;
+    if (!report.skipped) {
+        report = check_file(input, schema, check);
+        if (report.failed && check.fixes && !check.diff) {
+            stops = true;
+        }
+    }
+    return report;
+}
+
 void refuse_what_cannot_be_fixed(const std::vector<Input>& inputs, const CheckOptions& options) {
     const auto is_stdin = [](const Input& input) { return input.path == "-"; };
     if (!options.fix.empty() && !options.diff && std::any_of(inputs.begin(), inputs.end(), is_stdin)) {
@@ -99,6 +140,9 @@ void refuse_what_cannot_be_fixed(const std::vector<Input>& inputs, const CheckOp
 }
 
 void add(Totals& totals, const FileReport& report) {
+    if (report.skipped) {
+        return;
+    }
     ++totals.files;
     if (report.unreadable) {
         ++totals.unreadable;
@@ -138,6 +182,10 @@ int run_check(const CheckOptions& options) {
     const std::vector<Input> inputs = collect_inputs(options.inputs);
     refuse_what_cannot_be_fixed(inputs, options);
     const FileCheck check = file_check(options);
+    if (check.fixes && !can_all_be_fixed(options, inputs, schema, check)) {
+        return exit_trouble;
+    }
+    std::atomic<bool> stops = false;
     Totals totals;
     Progress progress(inputs.size(), !options.quiet);
     if (check.json) {
@@ -145,7 +193,7 @@ int run_check(const CheckOptions& options) {
     }
     in_order(
         inputs.size(), worker_count(options, inputs.size()),
-        [&](std::size_t i) { return check_file(inputs[i], schema, check); },
+        [&](std::size_t i) { return check_unless(stops, inputs[i], schema, check); },
         [&](const FileReport& report) {
             if (!report.warning.empty() || !report.trouble.empty() || !report.findings.empty() ||
                 !report.diff.empty()) {
@@ -156,6 +204,9 @@ int run_check(const CheckOptions& options) {
             progress.step();
         });
     progress.clear();
+    if (stops) {
+        say_how_many_were_written(totals.fixed, inputs.size());
+    }
     if (check.json) {
         print_json_end(totals);
     }

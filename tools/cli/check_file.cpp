@@ -17,13 +17,11 @@ namespace {
 
 using namespace velk::input::amesp;
 
-std::string in_canonical_form(const std::string& text, const InputSchema& schema, const std::string& name) {
+// None where that would lose content.
+std::optional<std::string> in_canonical_form(const std::string& text, const InputSchema& schema) {
     const AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
     std::string rendered = editor.render();
-    if (!canonical_losses(editor, text, rendered).empty()) {
-        throw std::runtime_error("'" + name + "' is left as it is: canonical form would lose content");
-    }
-    return rendered;
+    return canonical_losses(editor, text, rendered).empty() ? std::optional(std::move(rendered)) : std::nullopt;
 }
 
 // Fixes the text, and the file unless the fixes are only to be shown. What is left to be found in it is returned.
@@ -34,7 +32,12 @@ Diagnosis fix(const Input& input, const SchemaSource& schema, const FileCheck& c
         return std::move(result.remaining);
     }
     if (check.canonical) {
-        result.text = in_canonical_form(result.text, schema.rules, input.name);
+        std::optional<std::string> canonical = in_canonical_form(result.text, schema.rules);
+        if (!canonical) {
+            report.trouble = "'" + input.name + "' is left as it is: canonical form would lose content";
+            return diagnose(text, schema);
+        }
+        result.text = std::move(*canonical);
         result.remaining = diagnose(result.text, schema);
     }
     if (check.diff) {
@@ -55,6 +58,7 @@ Diagnosis checked(const Input& input, const SchemaSource& schema, const FileChec
         }
     } catch (const std::runtime_error& error) {
         report.trouble = error.what();
+        report.failed = true;
     }
     return diagnose(text, schema);
 }
@@ -72,6 +76,7 @@ void check_into(FileReport& report, const Input& input, const SchemaSource& sche
         text = read_input(input);
     } catch (const std::runtime_error& error) {
         report.unreadable = true;
+        report.failed = true;
         report.trouble = error.what();
     }
     const std::string unreadable = report.trouble;
@@ -93,6 +98,7 @@ FileReport check_file(const Input& input, const SchemaSource& schema, const File
     } catch (const std::exception& error) {
         FileReport failed;
         failed.unreadable = true;
+        failed.failed = true;
         failed.fixed = report.fixed;
         failed.trouble = "cannot check '" + input.name + "': " + reason_of(error);
         return failed;

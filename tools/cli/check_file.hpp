@@ -26,7 +26,9 @@ struct FileReport {
     std::string warning;  // of a file that was written
     std::string trouble;  // why the file could not be read or written; empty if it could
     bool unreadable = false;
+    bool failed = false;  // in reading or writing, and not because of what the file holds
     bool fixed = false;
+    bool skipped = false;  // nothing was done
     std::size_t errors = 0;
     std::size_t warnings = 0;
 };

@@ -4,10 +4,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <map>
 #include <memory>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <velk/input/amesp/diagnostics.hpp>
 
 #include "check.hpp"
@@ -56,13 +58,37 @@ CLI::Option* add_other_inputs(CLI::App& verb, InputOptions& options) {
     return list;
 }
 
+// Of each of the words that are files, the option with a value that it could go on with, if that stands right before
+// it.
+std::vector<InputOptions::Before> what_stands_before(const CLI::App& verb, const CLI::Option* files) {
+    std::vector<InputOptions::Before> before;
+    InputOptions::Before last;
+    std::map<const CLI::Option*, std::size_t> used;
+    for (const CLI::Option* const option : verb.parse_order()) {
+        const std::size_t use = used[option]++;
+        const std::string name = option->get_name();
+        const bool takes_many_words = name == "--method" || name == "--directive" || name == "--entry";
+        if (option != files) {
+            last = {takes_many_words || name == "--fix" ? name : "", takes_many_words ? option->results()[use] : ""};
+            continue;
+        }
+        const std::string& word = files->results()[use];
+        if (last.option == "--fix" && word != "all" && word != "certain") {
+            last = {};
+        }
+        before.push_back(std::exchange(last, {}));
+    }
+    return before;
+}
+
 void add_input_options(CLI::App& verb, InputOptions& options) {
     auto* const files = verb.add_option("FILE", options.paths, "Input files or directories; - is standard input");
     auto* const list = add_other_inputs(verb, options);
-    verb.parse_complete_callback([files, list] {
+    verb.parse_complete_callback([files, list, &verb, &options] {
         if (files->empty() && list->empty()) {
             throw CLI::RequiredError("FILE or --files-from");
         }
+        options.before = what_stands_before(verb, files);
     });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -24,16 +25,27 @@ struct EditOutput {
     bool quiet = false;  // no warnings and no summary
 };
 
+struct EditOutcome {
+    int status = exit_clean;
+    bool written = false;
+};
+
 // Prints the text, its difference, or writes it atomically, as asked; a file that would not change is not written.
 // Throws std::runtime_error, "cannot write 'NAME': REASON".
-void deliver(const EditOutput& output, const Input& input, std::string_view before, const std::string& after);
-
-// Texts of several files one after the other are no input: throws UsageError where they would be printed.
-void refuse_several_texts(const EditOutput& output, std::size_t inputs);
+EditOutcome deliver(const EditOutput& output, const Input& input, std::string_view before, const std::string& after);
 
 // Findings on standard error. True when one of them is an error.
 bool report_findings(const EditOutput& output, const Input& input, const std::string& text,
                      std::vector<velk::input::amesp::Diagnostic> findings);
+
+// Runs `edit` for each input, once it is known that all can be read. The first that fails ends it; where inputs are
+// written, how many were is said then. The worst exit status. Texts of several files one after the other are no input:
+// throws UsageError where they would be printed.
+int edit_each_input(const EditOutput& output, const InputOptions& options, std::vector<Input> inputs,
+                    const std::function<EditOutcome(const Input&)>& edit);
+
+// Said where inputs are written and one of several failed.
+void say_how_many_were_written(std::size_t written, std::size_t inputs);
 
 // Runs `work` for each input; says of one that fails why, and goes on. The worst exit status.
 template <class Work>

@@ -208,7 +208,8 @@ std::vector<Diagnostic> new_findings(const std::string& before, const std::strin
 
 }  // namespace
 
-int finish_edit(const EditOutput& output, const Input& input, const std::string& before, const AIPEditor& editor) {
+EditOutcome finish_edit(const EditOutput& output, const Input& input, const std::string& before,
+                        const AIPEditor& editor) {
     OverlayResult edited_in_place = output.canonical ? OverlayResult() : editor.render_over(before);
     const std::string after = output.canonical ? editor.render() : std::move(edited_in_place.text);
     const std::vector<Diagnostic> lost =
@@ -219,10 +220,9 @@ int finish_edit(const EditOutput& output, const Input& input, const std::string&
     const bool refused = report_findings(output, input, after, new_findings(before, after, editor.schema())) || loses;
     if (refused && (hopeless || !output.force)) {
         complain("'" + input.name + "' is left as it is" + (hopeless ? "" : " (--force writes it all the same)"));
-        return exit_findings;
+        return {exit_findings};
     }
-    deliver(output, input, before, after);
-    return exit_clean;
+    return deliver(output, input, before, after);
 }
 
 }  // namespace amesp_inp

@@ -70,8 +70,9 @@ bool has_error(const std::vector<Diagnostic>& findings) {
 }
 
 // One line for a file that would not stay as it is; with a difference asked for, also why and how.
-int check_file(const FmtOptions& options, const Input& input, const std::string& text, const Formatted& after,
-               FormatTotals& totals) {
+int check_file(const FmtOptions& options, const Input& input, const InputSchema& schema, FormatTotals& totals) {
+    const std::string text = read_input(input);
+    const Formatted after = formatted(text, schema);
     const bool refused = has_error(after.findings) && !options.output.force;
     if (after.text == text && !refused) {
         ++totals.as_they_are;
@@ -88,18 +89,14 @@ int check_file(const FmtOptions& options, const Input& input, const std::string&
     return exit_findings;
 }
 
-int format_file(const FmtOptions& options, const Input& input, const InputSchema& schema, FormatTotals& totals) {
+EditOutcome format_file(const FmtOptions& options, const Input& input, const InputSchema& schema) {
     const std::string text = read_input(input);
     const Formatted after = formatted(text, schema);
-    if (options.check) {
-        return check_file(options, input, text, after, totals);
-    }
     if (report_findings(options.output, input, text, after.findings) && !options.output.force) {
         complain("'" + input.name + "' is left as it is: formatting would lose content (--force formats it)");
-        return exit_findings;
+        return {exit_findings};
     }
-    deliver(options.output, input, text, after.text);
-    return exit_clean;
+    return deliver(options.output, input, text, after.text);
 }
 
 std::string counted(std::size_t count) {
@@ -124,12 +121,13 @@ int run_fmt(const FmtOptions& options) {
     const InputSchema schema = load_schema(options.schema);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
     if (!options.check) {
-        refuse_several_texts(options.output, inputs.size());
+        return edit_each_input(options.output, options.inputs, inputs,
+                               [&](const Input& input) { return format_file(options, input, schema); });
     }
     FormatTotals totals;
     const int status =
-        for_each_input(inputs, [&](const Input& input) { return format_file(options, input, schema, totals); });
-    if (options.check && !options.output.quiet) {
+        for_each_input(inputs, [&](const Input& input) { return check_file(options, input, schema, totals); });
+    if (!options.output.quiet) {
         print_summary(totals, inputs.size());
     }
     return status;

@@ -39,7 +39,7 @@ int run_geom(const GeomOptions& options) {
     }
     AIPEditor editor(std::move(data), schema);
     set_geometry(editor, read_geometry(options.from_xyz, options.geometry));
-    return finish_edit(options.output, input, text, editor);
+    return finish_edit(options.output, input, text, editor).status;
 }
 
 }  // namespace amesp_inp

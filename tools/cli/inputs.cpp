@@ -1,6 +1,7 @@
 // Collecting and reading the files to work on.
 #include "inputs.hpp"
 
+#include <fcntl.h>
 #include <fnmatch.h>
 #include <unistd.h>
 
@@ -14,6 +15,7 @@
 #include <velk/core/fs.hpp>
 
 #include "exhausted_memory.hpp"
+#include "output.hpp"
 
 namespace amesp_inp {
 namespace {
@@ -141,6 +143,60 @@ std::string read_standard_input() {
     }
 }
 
+[[noreturn]] void refuse_to_read(const Input& input, const std::string& reason) {
+    throw std::runtime_error("cannot read '" + input.name + "': " + reason);
+}
+
+int open_to_read(const std::string& path) {
+    for (;;) {
+        const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        if (file >= 0 || errno != EINTR) {
+            return file;
+        }
+    }
+}
+
+// Throws as `read_input` does. Nothing is read of a file, and what is no file is not opened: it might be read once
+// only.
+void try_to_open(const Input& input) {
+    std::error_code unknown;
+    const stdfs::file_status status = stdfs::status(input.path, unknown);
+    if (input.path == "-" || (stdfs::exists(status) && !is_regular_file(status) && !is_directory(status))) {
+        return;
+    }
+    if (is_directory(status)) {
+        read_input(input);
+    }
+    const int file = open_to_read(input.path);
+    if (file < 0) {
+        refuse_to_read(input, std::generic_category().message(errno));
+    }
+    ::close(file);
+}
+
+// A word that looks like an input file was meant as one.
+std::string question_about(const std::string& path, const InputOptions& options) {
+    std::error_code unknown;
+    const auto is_word = [&](const std::string& text) {
+        return !matches(text, options.patterns) && !stdfs::exists(text, unknown);
+    };
+    const auto at =
+        static_cast<std::size_t>(std::find(options.paths.begin(), options.paths.end(), path) - options.paths.begin());
+    if (at >= options.before.size() || options.before[at].option.empty() || !is_word(path)) {
+        return {};
+    }
+    const auto& [option, value] = options.before[at];
+    if (value.empty()) {
+        return "; did you mean " + option + "=" + path + "?";
+    }
+    std::string whole = value + " " + path;
+    for (std::size_t next = at + 1;
+         next < options.paths.size() && options.before[next].option.empty() && is_word(options.paths[next]); ++next) {
+        whole += " " + options.paths[next];
+    }
+    return "; did you mean " + option + " '" + whole + "'?";
+}
+
 }  // namespace
 
 std::vector<Input> collect_inputs(const InputOptions& options) {
@@ -164,11 +220,24 @@ bool is_one_file(const InputOptions& options, const std::vector<Input>& inputs) 
     return options.paths.size() == 1 && inputs.size() == 1 && inputs.front().path == options.paths.front();
 }
 
+bool can_all_be_read(const InputOptions& options, const std::vector<Input>& inputs) {
+    bool all = true;
+    for (const Input& input : inputs) {
+        try {
+            try_to_open(input);
+        } catch (const std::runtime_error& error) {
+            complain(error.what() + question_about(input.path, options));
+            all = false;
+        }
+    }
+    return all;
+}
+
 std::string read_input(const Input& input) {
     try {
         return input.path == "-" ? read_standard_input() : velk::core::fs::read_text_file(input.path);
     } catch (const std::runtime_error& error) {
-        throw std::runtime_error("cannot read '" + input.name + "': " + error.what());
+        refuse_to_read(input, error.what());
     }
 }
 

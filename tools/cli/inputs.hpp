@@ -14,6 +14,13 @@ struct InputOptions {
     std::vector<std::string> excluded;  // patterns as well
     std::string stdin_name = "<stdin>";
     bool may_be_empty = false;  // a directory without a file to work on
+
+    // What stands right before a path and could go on with it, as where quotes were forgotten.
+    struct Before {
+        std::string option;
+        std::string value;  // empty: the option takes the path after a '='
+    };
+    std::vector<Before> before;  // of each path; an option without a name where there is none
 };
 
 struct Input {
@@ -29,6 +36,10 @@ std::vector<Input> collect_inputs(const InputOptions& options);
 
 // Whether they are one file that was named itself, alone: not what a directory or a list happens to hold.
 bool is_one_file(const InputOptions& options, const std::vector<Input>& inputs);
+
+// Says of each input that cannot be read why, and what may have been meant by a word that names no file. To be asked
+// before the first of several inputs is written.
+bool can_all_be_read(const InputOptions& options, const std::vector<Input>& inputs);
 
 // All bytes. Throws std::runtime_error, "cannot read 'NAME': REASON".
 std::string read_input(const Input& input);

@@ -30,17 +30,24 @@ bool is_write_protected(const std::string& path, const struct stat& status) {
 
 }  // namespace
 
-void refuse_guarded(const std::string& path) {
+std::string guard_of(const std::string& path) {
     const std::optional<struct stat> status = status_of(path);
     if (!status || !S_ISREG(status->st_mode)) {
-        return;  // the write itself says what is wrong
+        return {};  // the write itself says what is wrong
     }
     if (is_write_protected(path, *status)) {
-        refuse(path, "it is write-protected (--force replaces it)");
+        return "it is write-protected (--force replaces it)";
     }
     if (status->st_nlink > 1) {
-        refuse(path, "it has " + std::to_string(status->st_nlink) +
-                         " hard links, of which the others would keep the old content (--force replaces it)");
+        return "it has " + std::to_string(status->st_nlink) +
+               " hard links, of which the others would keep the old content (--force replaces it)";
+    }
+    return {};
+}
+
+void refuse_guarded(const std::string& path) {
+    if (const std::string guard = guard_of(path); !guard.empty()) {
+        refuse(path, guard);
     }
 }
 

@@ -11,8 +11,11 @@ namespace amesp_inp {
 // set.
 std::string write_output_file(const std::string& path, std::string_view text, bool force);
 
-// These throw in the same way.
-void refuse_guarded(const std::string& path);                             // what is said above
+// Why the file is not replaced: it is write-protected or has several hard links. Empty: it may be.
+std::string guard_of(const std::string& path);
+
+// These throw as `write_output_file` does.
+void refuse_guarded(const std::string& path);
 void refuse_existing(const std::string& path);                            // a file of that name, whatever it is
 void refuse_same_file(const std::string& path, const std::string& read);  // the file that was read, by whatever name
 

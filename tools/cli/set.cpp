@@ -19,16 +19,15 @@ int run_set(const SetOptions& options) {
     if (inputs.size() > 1 && !options.output.path.empty()) {
         throw UsageError("-o takes one input file");
     }
-    refuse_several_texts(options.output, inputs.size());
     const Geometries geometries = read_geometries(options.edits);
-    return for_each_input(inputs, [&](const Input& input) {
+    return edit_each_input(options.output, options.inputs, inputs, [&](const Input& input) -> EditOutcome {
         const std::string text = read_input(input);
         AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
         try {
             apply(editor, options.edits, geometries);
         } catch (const EditRefused& reason) {
             complain("'" + input.name + "' is left as it is: " + reason.what());
-            return exit_findings;
+            return {exit_findings};
         }
         return finish_edit(options.output, input, text, editor);
     });

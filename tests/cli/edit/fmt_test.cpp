@@ -219,13 +219,15 @@ TEST(Findings, OfEditsAreColouredAndLeftOutAsThoseOfACheck) {
     }
 }
 
-TEST(Fmt, GoesOnAfterAFileItCannotRead) {
+TEST(Fmt, GoesOnAfterAFileItCannotReadWhereItOnlyChecks) {
     const TempDir dir;
     write_file(dir / "a.inp", "!HF\n");
-    const ProgramRun run = run_edit({"fmt", "-i", dir / "missing.inp", dir / "a.inp"});
+    const ProgramRun run = run_edit({"fmt", "--check", dir / "missing.inp", dir / "a.inp"});
     EXPECT_EQ(run.status, 2);
     EXPECT_THAT(run.err, HasSubstr("missing.inp"));
-    EXPECT_EQ(read_file(dir / "a.inp"), "! hf\n");
+    EXPECT_EQ(run.out, dir / "a.inp\n");
+    EXPECT_EQ(run_edit({"fmt", "-i", dir / "missing.inp", dir / "a.inp"}).status, 2);
+    EXPECT_EQ(read_file(dir / "a.inp"), "!HF\n");
     EXPECT_EQ(dir.entry_count(), 1U);
 }
 
