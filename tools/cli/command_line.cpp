@@ -151,6 +151,11 @@ void add_geometry_options(CLI::App& verb, GeometryOptions& options, const char* 
         ->needs(verb.get_option(file));
 }
 
+void add_drop_option(CLI::App& verb, bool& drop, const char* geometry) {
+    verb.add_flag("--drop-words", drop, "Leave out the words after charge and multiplicity of the old geometry")
+        ->needs(verb.get_option(geometry));
+}
+
 void charge_options_need(CLI::App& verb, const char* option) {
     for (const char* const of_charge : {"--charge", "--multiplicity"}) {
         verb.get_option(of_charge)->needs(verb.get_option(option));
@@ -296,6 +301,7 @@ void add_set(CLI::App& verb, Run& run) {
                EditKind::remove_token, EditKind::set_entry, EditKind::unset_entry, EditKind::remove_section,
                EditKind::set_geometry},
               run_set);
+    add_drop_option(verb, options->output.drop_words, "--geometry");
     add_edit_options(verb, options->output);
     add_canonical_option(verb, options->output.canonical);
     add_other_outputs(verb, options->output);
@@ -311,6 +317,7 @@ void add_geom(CLI::App& verb, Run& run) {
     to->excludes(from);
     add_geometry_options(verb, options->geometry, "--from-xyz");
     charge_options_need(verb, "--from-xyz");
+    add_drop_option(verb, options->output.drop_words, "--from-xyz");
     add_edit_options(verb, options->output);
     add_canonical_option(verb, options->output.canonical);
     add_other_outputs(verb, options->output);

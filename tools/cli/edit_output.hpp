@@ -18,9 +18,10 @@ namespace amesp_inp {
 struct EditOutput {
     bool in_place = false;
     bool diff = false;
-    bool force = false;      // also where content is lost or a file is guarded
-    bool canonical = false;  // rendered in full instead of written into the text
-    std::string path;        // of another file to write
+    bool force = false;       // also where content is lost or a file is guarded
+    bool canonical = false;   // rendered in full instead of written into the text
+    bool drop_words = false;  // of the header of a geometry that is replaced
+    std::string path;         // of another file to write
     std::string color = "auto";
     bool quiet = false;  // no warnings and no summary
 };

@@ -184,9 +184,40 @@ std::vector<Diagnostic> not_written(const OverlayResult& result, std::string_vie
     return findings;
 }
 
+bool has_code(const std::vector<Diagnostic>& findings, std::string_view code) {
+    return std::any_of(findings.begin(), findings.end(),
+                       [code](const Diagnostic& finding) { return finding.code == code; });
+}
+
 bool lacks_a_record(const OverlayResult& result) {
     return std::any_of(result.problems.begin(), result.problems.end(),
                        [](const ValidationIssue& problem) { return problem.severity == IssueSeverity::Error; });
+}
+
+// What an edit would write.
+struct Rewritten {
+    std::string text;
+    std::vector<Diagnostic> lost;  // of the text before
+    bool hopeless = false;         // also when forced
+};
+
+Rewritten edited_in_place(const AIPEditor& editor, std::string_view before, bool drop_words) {
+    OverlayResult result = editor.render_over(before, OverlayOptions{.drop_header_words = drop_words});
+    std::vector<Diagnostic> lost = not_written(result, before);
+    return {std::move(result.text), std::move(lost), lacks_a_record(result)};
+}
+
+// With words that go unasked told as when the text is edited in place.
+Rewritten in_canonical_form(const AIPEditor& editor, std::string_view before) {
+    std::string text = editor.render();
+    std::vector<Diagnostic> lost = canonical_losses(editor, before, text);
+    const bool hopeless = cannot_be_forced(lost);
+    for (Diagnostic& finding : edited_in_place(editor, before, true).lost) {
+        if (finding.code == codes::dropped_words) {
+            lost.push_back(std::move(finding));
+        }
+    }
+    return {std::move(text), std::move(lost), hopeless};
 }
 
 // The text before is looked at only when there is something to say of the text after.
@@ -210,16 +241,14 @@ std::vector<Diagnostic> new_findings(const std::string& before, const std::strin
 
 EditOutcome finish_edit(const EditOutput& output, const Input& input, const std::string& before,
                         const AIPEditor& editor) {
-    OverlayResult edited_in_place = output.canonical ? OverlayResult() : editor.render_over(before);
-    const std::string after = output.canonical ? editor.render() : std::move(edited_in_place.text);
-    const std::vector<Diagnostic> lost =
-        output.canonical ? canonical_losses(editor, before, after) : not_written(edited_in_place, before);
-    const bool hopeless = output.canonical ? cannot_be_forced(lost) : lacks_a_record(edited_in_place);
+    const auto [after, lost, hopeless] =
+        output.canonical ? in_canonical_form(editor, before) : edited_in_place(editor, before, output.drop_words);
     // What is lost has its place in the text before, findings have theirs in the text that would be written.
     const bool loses = report_findings(output, input, before, lost);
     const bool refused = report_findings(output, input, after, new_findings(before, after, editor.schema())) || loses;
     if (refused && (hopeless || !output.force)) {
-        complain("'" + input.name + "' is left as it is" + (hopeless ? "" : " (--force writes it all the same)"));
+        complain("'" + input.name + "' is left as it is" + (hopeless ? "" : " (--force writes it all the same)") +
+                 (has_code(lost, codes::kept_unit) ? "; --drop-words leaves the words of the old header out" : ""));
         return {exit_findings};
     }
     return deliver(output, input, before, after);

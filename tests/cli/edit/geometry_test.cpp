@@ -133,5 +133,34 @@ TEST(XyzFile, IsReadOnceForManyInputs) {
     EXPECT_THAT(read_file(dir / "b.inp"), HasSubstr("\n  Li "));
 }
 
+TEST(Geometry, LeavesOutTheWordsOfTheOldHeaderWhenAsked) {
+    const TempDir dir;
+    write_file(dir / "m.xyz", "1\n\nNe 0 0 1\n");
+    const std::string in_bohr = "! hf sto-3g\n>xyz 0 1 bohr x\n  He 0 0 0\nend\n";
+    for (Words words : {Words{"geom", "-", "--from-xyz"}, Words{"set", "-", "--geometry"}}) {
+        words.push_back(dir / "m.xyz");
+        const auto run = [&](const Words& more) {
+            Words all = words;
+            all.insert(all.end(), more.begin(), more.end());
+            return run_edit(all, {.input = in_bohr});
+        };
+        const ProgramRun refused = run({});
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_THAT(refused.err,
+                    testing::EndsWith("amesp-inp: '<stdin>' is left as it is (--force writes it all the same); "
+                                      "--drop-words leaves the words of the old header out\n"));
+        for (const Words& drop : {Words{"--drop-words"}, Words{"--canonical"}, Words{"--canonical", "--drop-words"}}) {
+            const ProgramRun dropped = run(drop);
+            EXPECT_EQ(dropped.status, 0);
+            EXPECT_THAT(dropped.out, HasSubstr(">xyz 0 1\n  Ne 0"));
+            EXPECT_THAT(dropped.err,
+                        testing::StartsWith("<stdin>:2:1: warning: The words 'bohr x' of the header of section "
+                                            "'>xyz' go with it. [amesp.dropped_words]\n"));
+        }
+        EXPECT_THAT(run({"--force"}).out, HasSubstr(">xyz 0 1 bohr x\n  Ne 0"));
+    }
+    EXPECT_EQ(run_edit({"set", "-", "--charge", "1", "--drop-words"}, {.input = in_bohr}).status, 2);
+}
+
 }  // namespace
 }  // namespace velk::test
