@@ -9,6 +9,7 @@
 #include <velk/input/amesp/report.hpp>
 
 #include "exhausted_memory.hpp"
+#include "line_ends.hpp"
 #include "output_file.hpp"
 #include "unified_diff.hpp"
 
@@ -21,7 +22,10 @@ using namespace velk::input::amesp;
 std::optional<std::string> in_canonical_form(const std::string& text, const InputSchema& schema) {
     const AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);
     std::string rendered = editor.render();
-    return canonical_losses(editor, text, rendered).empty() ? std::optional(std::move(rendered)) : std::nullopt;
+    if (!canonical_losses(editor, text, rendered).empty()) {
+        return std::nullopt;
+    }
+    return with_line_ends_of(text, std::move(rendered));
 }
 
 // Fixes the text, and the file unless the fixes are only to be shown. What is left to be found in it is returned.

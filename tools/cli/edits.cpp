@@ -14,6 +14,7 @@
 
 #include "geometry_header.hpp"
 #include "key_values.hpp"
+#include "line_ends.hpp"
 #include "numbers.hpp"
 
 namespace amesp_inp {
@@ -217,7 +218,7 @@ Rewritten in_canonical_form(const AIPEditor& editor, std::string_view before) {
             lost.push_back(std::move(finding));
         }
     }
-    return {std::move(text), std::move(lost), hopeless};
+    return {with_line_ends_of(before, std::move(text)), std::move(lost), hopeless};
 }
 
 // The text before is looked at only when there is something to say of the text after.

@@ -159,6 +159,20 @@ TEST(Fmt, KeepsTheLineEndsOfMostLines) {
     }
 }
 
+TEST(CanonicalForm, KeepsTheLineEndsOfMostLinesInEveryVerb) {
+    const TempDir dir;
+    const std::string text = with_crlf("!HF sto-3g\n>scf\n  maxcyc 50\n>xyz 0 1\nHe 0 0 0\nend\n");
+    const std::string after = with_crlf(
+        "! hf sto-3g\n\n>scf\n  maxcyc 50\nend\n\n>xyz 0 1\n"
+        "  He 0.0000000000 0.0000000000 0.0000000000\nend\n");
+    write_file(dir / "fix.inp", text);
+    EXPECT_EQ(run_edit({"check", "-q", "--fix", "--canonical", dir / "fix.inp"}).status, 0);
+    EXPECT_EQ(read_file(dir / "fix.inp"), after);
+    write_file(dir / "m.xyz", "1\n\nHe 0 0 0\n");
+    EXPECT_EQ(run_edit({"set", "--canonical", "-", "--entry", "scf.maxcyc=50"}, {.input = after}).out, after);
+    EXPECT_EQ(run_edit({"geom", "--canonical", "-", "--from-xyz", dir / "m.xyz"}, {.input = after}).out, after);
+}
+
 TEST(Fmt, DoesNotPrintSeveralTextsOneAfterTheOther) {
     const TempDir dir;
     write_file(dir / "a.inp", water);
