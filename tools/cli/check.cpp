@@ -30,13 +30,9 @@ using velk::input::amesp::Applicability;
 using velk::input::amesp::json_report_head;
 using velk::input::amesp::SchemaSource;
 
-struct Totals {
-    std::size_t files = 0;
-    std::size_t unreadable = 0;
+struct Totals : ReportCounts {
     std::size_t unwritten = 0;
     std::size_t fixed = 0;
-    std::size_t errors = 0;
-    std::size_t warnings = 0;
 };
 
 // Finding out how many processors there are takes reading a file: not for one file to check.
@@ -64,12 +60,6 @@ void print_summary(const Totals& totals, bool only_shown) {
         line += "; " + counted(totals.unwritten, "file") + " could not be fixed";
     }
     std::fputs((line + "\n").c_str(), stderr);
-}
-
-void print_json_end(const Totals& totals) {
-    print("\n],\"summary\":{\"files\":" + std::to_string(totals.files) +
-          ",\"unreadable\":" + std::to_string(totals.unreadable) + ",\"errors\":" + std::to_string(totals.errors) +
-          ",\"warnings\":" + std::to_string(totals.warnings) + "}}\n");
 }
 
 int exit_status(const Totals& totals, const std::string& fail_on) {
@@ -208,7 +198,7 @@ int run_check(const CheckOptions& options) {
         say_how_many_were_written(totals.fixed, inputs.size());
     }
     if (check.json) {
-        print_json_end(totals);
+        print(json_report_end(totals));
     }
     if (!flush_output()) {
         throw std::runtime_error("cannot write to standard output");

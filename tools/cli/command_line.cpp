@@ -107,10 +107,16 @@ void add_color_option(CLI::App& verb, std::string& color) {
         ->check(CLI::IsMember({"auto", "always", "never"}));
 }
 
+CLI::Option* add_format_option(CLI::App& verb, std::string& format) {
+    return verb.add_option("--format", format, "How findings are printed (default: text)")
+        ->check(CLI::IsMember({"text", "json"}));
+}
+
 // How the findings of an edit are printed.
-void add_finding_options(CLI::App& verb, EditOutput& output) {
-    add_color_option(verb, output.color);
-    verb.add_flag("-q,--quiet", output.quiet, "No warnings and no summary");
+void add_finding_options(CLI::App& verb, FindingStyle& style) {
+    add_format_option(verb, style.format);
+    add_color_option(verb, style.color);
+    verb.add_flag("-q,--quiet", style.quiet, "No warnings and no summary");
 }
 
 CLI::Option* add_diff_option(CLI::App& verb, bool& diff, const char* help) {
@@ -118,7 +124,7 @@ CLI::Option* add_diff_option(CLI::App& verb, bool& diff, const char* help) {
 }
 
 void add_edit_options(CLI::App& verb, EditOutput& output) {
-    add_finding_options(verb, output);
+    add_finding_options(verb, output.findings);
     verb.add_flag("-i,--in-place", output.in_place, "Rewrite the files");
     verb.add_flag("--force", output.force,
                   "Write also where content is lost, the input becomes invalid or the file is guarded");
@@ -212,8 +218,7 @@ void add_check(CLI::App& verb, Run& run) {
     const auto options = call_with_options(verb, run, run_check);
     add_input_options(verb, options->inputs);
     add_schema_options(verb, options->schema);
-    auto* const format = verb.add_option("--format", options->format, "How findings are printed (default: text)")
-                             ->check(CLI::IsMember({"text", "json"}));
+    auto* const format = add_format_option(verb, options->format);
     verb.add_option("--fail-on", options->fail_on, "Findings that make the exit status 1 (default: error)")
         ->check(CLI::IsMember({"error", "warning", "never"}));
     add_color_option(verb, options->color);
@@ -321,7 +326,7 @@ void add_geom(CLI::App& verb, Run& run) {
     add_edit_options(verb, options->output);
     add_canonical_option(verb, options->output.canonical);
     add_other_outputs(verb, options->output);
-    to->excludes(verb.get_option("--diff"));
+    to->excludes(verb.get_option("--diff"))->excludes(verb.get_option("--format"));
     verb.callback([options, &run, to, from] {
         if (to->empty() && from->empty()) {
             throw CLI::RequiredError("--to-xyz or --from-xyz");
@@ -342,7 +347,7 @@ void add_new(CLI::App& verb, Run& run) {
     add_diff_option(verb, options->output.diff, "Print the new file as a difference, for patch -p1, and write nothing");
     verb.add_flag("--force", options->output.force,
                   "Write also an input that is not valid, and over a file that exists");
-    add_finding_options(verb, options->output);
+    add_finding_options(verb, options->output.findings);
 }
 
 // The help of a verb, or of the program, as these print it themselves.

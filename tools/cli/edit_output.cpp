@@ -1,18 +1,13 @@
 // Printing and writing edited inputs.
 #include "edit_output.hpp"
 
-#include <unistd.h>
-
 #include <cstdio>
-#include <velk/input/amesp/report.hpp>
 
 #include "output_file.hpp"
 #include "unified_diff.hpp"
 #include "usage_error.hpp"
 
 namespace amesp_inp {
-
-using namespace velk::input::amesp;
 
 namespace {
 
@@ -26,6 +21,29 @@ void refuse_several_texts(const EditOutput& output, std::size_t inputs) {
     if (inputs > 1 && !output.in_place && !output.diff) {
         throw UsageError("the texts of " + std::to_string(inputs) +
                          " files cannot be printed one after the other: add -i or --diff, or name one file");
+    }
+}
+
+struct EditTotal {
+    int status = exit_clean;
+    std::size_t written = 0;
+    bool failed = false;
+};
+
+void edit_one(const Input& input, const std::function<EditOutcome(const Input&)>& edit, EditReport& report,
+              EditTotal& total) {
+    const std::size_t reported = report.counts.files;
+    try {
+        const EditOutcome outcome = edit(input);
+        total.status = std::max(total.status, outcome.status);
+        total.written += outcome.written ? 1 : 0;
+    } catch (const std::runtime_error& error) {
+        total.failed = true;
+        if (report.counts.files > reported) {
+            complain(error.what());
+        } else {
+            report_failure(report, input, error.what());
+        }
     }
 }
 
@@ -48,8 +66,8 @@ EditOutcome deliver(const EditOutput& output, const Input& input, std::string_vi
     return {};
 }
 
-int edit_each_input(const EditOutput& output, const InputOptions& options, std::vector<Input> inputs,
-                    const std::function<EditOutcome(const Input&)>& edit) {
+int edit_each_input(const EditOutput& output, EditReport& report, const InputOptions& options,
+                    std::vector<Input> inputs, const std::function<EditOutcome(const Input&)>& edit) {
     const bool writes = output.in_place && !output.diff;
     if (!can_all_be_read(options, inputs)) {
         if (writes) {
@@ -62,22 +80,15 @@ int edit_each_input(const EditOutput& output, const InputOptions& options, std::
         std::stable_partition(inputs.begin(), inputs.end(),
                               [](const Input& input) { return !guard_of(input.path).empty(); });
     }
-    int status = exit_clean;
-    std::size_t written = 0;
-    for (const Input& input : inputs) {
-        try {
-            const EditOutcome outcome = edit(input);
-            status = std::max(status, outcome.status);
-            written += outcome.written ? 1 : 0;
-        } catch (const std::runtime_error& error) {
-            complain(error.what());
-            if (writes) {
-                say_how_many_were_written(written, inputs.size());
-            }
-            return exit_trouble;
-        }
+    EditTotal total;
+    for (std::size_t i = 0; i < inputs.size() && !total.failed; ++i) {
+        edit_one(inputs[i], edit, report, total);
     }
-    return status;
+    finish(report);
+    if (writes && total.failed) {
+        say_how_many_were_written(total.written, inputs.size());
+    }
+    return total.failed ? exit_trouble : total.status;
 }
 
 void say_how_many_were_written(std::size_t written, std::size_t inputs) {
@@ -86,16 +97,14 @@ void say_how_many_were_written(std::size_t written, std::size_t inputs) {
     }
 }
 
-bool report_findings(const EditOutput& output, const Input& input, const std::string& text,
-                     std::vector<Diagnostic> findings) {
-    const auto is_error = [](const Diagnostic& finding) { return finding.severity == Severity::error; };
-    if (output.quiet) {
-        std::erase_if(findings, std::not_fn(is_error));
+void refuse_mixed_output(const EditOutput& output, const std::vector<Input>& inputs, const char* ways) {
+    const auto is_stdin = [](const Input& input) { return input.path == "-"; };
+    const bool to_files = output.path.empty() ? output.in_place && std::none_of(inputs.begin(), inputs.end(), is_stdin)
+                                              : output.path != "-";
+    if (output.findings.format == "json" && (output.diff || !to_files)) {
+        throw UsageError(std::string("findings as JSON and the text cannot both go to standard output: ") +
+                         (output.diff ? "leave out --diff" : ways));
     }
-    const bool failed = std::any_of(findings.begin(), findings.end(), is_error);
-    const std::string report = text_report({input.name, text, findings}, use_color(output.color, STDERR_FILENO));
-    std::fwrite(report.data(), 1, report.size(), stderr);
-    return failed;
 }
 
 }  // namespace amesp_inp

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
-#include <velk/input/amesp/diagnostics.hpp>
 
+#include "edit_report.hpp"
 #include "exit_status.hpp"
 #include "inputs.hpp"
 #include "output.hpp"
@@ -22,8 +22,7 @@ struct EditOutput {
     bool canonical = false;   // rendered in full instead of written into the text
     bool drop_words = false;  // of the header of a geometry that is replaced
     std::string path;         // of another file to write
-    std::string color = "auto";
-    bool quiet = false;  // no warnings and no summary
+    FindingStyle findings;
 };
 
 struct EditOutcome {
@@ -35,15 +34,15 @@ struct EditOutcome {
 // Throws std::runtime_error, "cannot write 'NAME': REASON".
 EditOutcome deliver(const EditOutput& output, const Input& input, std::string_view before, const std::string& after);
 
-// Findings on standard error. True when one of them is an error.
-bool report_findings(const EditOutput& output, const Input& input, const std::string& text,
-                     std::vector<velk::input::amesp::Diagnostic> findings);
-
 // Runs `edit` for each input, once it is known that all can be read. The first that fails ends it; where inputs are
 // written, how many were is said then. The worst exit status. Texts of several files one after the other are no input:
 // throws UsageError where they would be printed.
-int edit_each_input(const EditOutput& output, const InputOptions& options, std::vector<Input> inputs,
-                    const std::function<EditOutcome(const Input&)>& edit);
+int edit_each_input(const EditOutput& output, EditReport& report, const InputOptions& options,
+                    std::vector<Input> inputs, const std::function<EditOutcome(const Input&)>& edit);
+
+// Findings as JSON have standard output for themselves: throws UsageError, which names the `ways` out, where the text
+// would go there, too.
+void refuse_mixed_output(const EditOutput& output, const std::vector<Input>& inputs, const char* ways);
 
 // Said where inputs are written and one of several failed.
 void say_how_many_were_written(std::size_t written, std::size_t inputs);

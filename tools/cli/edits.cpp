@@ -240,14 +240,14 @@ std::vector<Diagnostic> new_findings(const std::string& before, const std::strin
 
 }  // namespace
 
-EditOutcome finish_edit(const EditOutput& output, const Input& input, const std::string& before,
+EditOutcome finish_edit(const EditOutput& output, EditReport& report, const Input& input, const std::string& before,
                         const AIPEditor& editor) {
     const auto [after, lost, hopeless] =
         output.canonical ? in_canonical_form(editor, before) : edited_in_place(editor, before, output.drop_words);
     // What is lost has its place in the text before, findings have theirs in the text that would be written.
-    const bool loses = report_findings(output, input, before, lost);
-    const bool refused = report_findings(output, input, after, new_findings(before, after, editor.schema())) || loses;
-    if (refused && (hopeless || !output.force)) {
+    const bool has_error =
+        report_findings(report, input, {{before, lost}, {after, new_findings(before, after, editor.schema())}});
+    if (has_error && (hopeless || !output.force)) {
         complain("'" + input.name + "' is left as it is" + (hopeless ? "" : " (--force writes it all the same)") +
                  (has_code(lost, codes::kept_unit) ? "; --drop-words leaves the words of the old header out" : ""));
         return {exit_findings};

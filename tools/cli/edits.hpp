@@ -64,7 +64,7 @@ bool cannot_be_forced(const std::vector<velk::input::amesp::Diagnostic>& finding
 // Delivers the edited document, written into the text that it was read from or in canonical form, unless that text
 // cannot say what the document holds or has errors that the text before did not have; those, and warnings likewise, are
 // reported.
-EditOutcome finish_edit(const EditOutput& output, const Input& input, const std::string& before,
+EditOutcome finish_edit(const EditOutput& output, EditReport& report, const Input& input, const std::string& before,
                         const velk::input::amesp::AIPEditor& editor);
 
 }  // namespace amesp_inp

@@ -70,7 +70,8 @@ bool has_error(const std::vector<Diagnostic>& findings) {
 }
 
 // One line for a file that would not stay as it is; with a difference asked for, also why and how.
-int check_file(const FmtOptions& options, const Input& input, const InputSchema& schema, FormatTotals& totals) {
+int check_file(const FmtOptions& options, const Input& input, const InputSchema& schema, EditReport& report,
+               FormatTotals& totals) {
     const std::string text = read_input(input);
     const Formatted after = formatted(text, schema);
     const bool refused = has_error(after.findings) && !options.output.force;
@@ -79,9 +80,14 @@ int check_file(const FmtOptions& options, const Input& input, const InputSchema&
         return exit_clean;
     }
     ++(refused ? totals.refused : totals.changed);
-    print(listed_name(input.name) + "\n");
+    const bool as_json = options.output.findings.format == "json";
+    if (!as_json) {
+        print(listed_name(input.name) + "\n");
+    }
+    if (options.output.diff || as_json) {
+        report_findings(report, input, {{text, after.findings}});
+    }
     if (options.output.diff) {
-        report_findings(options.output, input, text, after.findings);
         if (!refused) {
             deliver(options.output, input, text, after.text);
         }
@@ -89,10 +95,10 @@ int check_file(const FmtOptions& options, const Input& input, const InputSchema&
     return exit_findings;
 }
 
-EditOutcome format_file(const FmtOptions& options, const Input& input, const InputSchema& schema) {
+EditOutcome format_file(const FmtOptions& options, const Input& input, const InputSchema& schema, EditReport& report) {
     const std::string text = read_input(input);
     const Formatted after = formatted(text, schema);
-    if (report_findings(options.output, input, text, after.findings) && !options.output.force) {
+    if (report_findings(report, input, {{text, after.findings}}) && !options.output.force) {
         complain("'" + input.name + "' is left as it is: formatting would lose content (--force formats it)");
         return {exit_findings};
     }
@@ -118,16 +124,29 @@ void print_summary(const FormatTotals& totals, std::size_t inputs) {
 }  // namespace
 
 int run_fmt(const FmtOptions& options) {
-    const InputSchema schema = load_schema(options.schema);
+    EditReport report{options.output.findings, find_schema(options.schema), {}, {}};
+    const InputSchema schema = load_schema_file(report.schema_path);
     const std::vector<Input> inputs = collect_inputs(options.inputs);
+    if (!options.check || options.output.diff) {
+        refuse_mixed_output(options.output, inputs, "add -i or --check");
+    }
     if (!options.check) {
-        return edit_each_input(options.output, options.inputs, inputs,
-                               [&](const Input& input) { return format_file(options, input, schema); });
+        return edit_each_input(options.output, report, options.inputs, inputs,
+                               [&](const Input& input) { return format_file(options, input, schema, report); });
     }
     FormatTotals totals;
-    const int status =
-        for_each_input(inputs, [&](const Input& input) { return check_file(options, input, schema, totals); });
-    if (!options.output.quiet) {
+    int status = exit_clean;
+    for (const Input& input : inputs) {
+        try {
+            status = std::max(status, check_file(options, input, schema, report, totals));
+        } catch (const std::runtime_error& error) {
+            report_failure(report, input, error.what());
+            status = exit_trouble;
+        }
+    }
+    report.counts.files = inputs.size();
+    finish(report);
+    if (!options.output.findings.quiet) {
         print_summary(totals, inputs.size());
     }
     return status;

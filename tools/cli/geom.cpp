@@ -30,8 +30,12 @@ int write_geometry(const GeomOptions& options, const Input& input, const std::st
 }  // namespace
 
 int run_geom(const GeomOptions& options) {
-    const InputSchema schema = load_schema(options.schema);
+    EditReport report{options.output.findings, find_schema(options.schema), {}, {}};
+    const InputSchema schema = load_schema_file(report.schema_path);
     const Input input{options.path, options.path == "-" ? "<stdin>" : options.path};
+    if (!options.from_xyz.empty()) {
+        refuse_mixed_output(options.output, {input}, "add -i or -o");
+    }
     const std::string text = read_input(input);
     AIPData data = AIPParser::parse_string(text, schema, {true, false}).data;
     if (!options.to_xyz.empty()) {
@@ -39,7 +43,9 @@ int run_geom(const GeomOptions& options) {
     }
     AIPEditor editor(std::move(data), schema);
     set_geometry(editor, read_geometry(options.from_xyz, options.geometry));
-    return finish_edit(options.output, input, text, editor).status;
+    const int status = finish_edit(options.output, report, input, text, editor).status;
+    finish(report);
+    return status;
 }
 
 }  // namespace amesp_inp

@@ -15,7 +15,9 @@ using namespace velk::input::amesp;
 }  // namespace
 
 int run_new(const NewOptions& options) {
-    const InputSchema schema = load_schema(options.schema);
+    refuse_mixed_output(options.output, {}, "add -o");
+    EditReport report{options.output.findings, find_schema(options.schema), {}, {}};
+    const InputSchema schema = load_schema_file(report.schema_path);
     AIPEditor editor({}, schema);
     apply(editor, options.edits, read_geometries(options.edits));
     const std::string name = options.output.path.empty() ? "<new>" : options.output.path;
@@ -24,14 +26,17 @@ int run_new(const NewOptions& options) {
         findings.push_back(to_diagnostic(issue, TextPositions({})));
     }
     const bool hopeless = cannot_be_forced(findings);
-    if (report_findings(options.output, {"-", name}, "", std::move(findings)) && (hopeless || !options.output.force)) {
+    const bool has_error = report_findings(report, {"-", name}, {{{}, std::move(findings)}});
+    if (has_error && (hopeless || !options.output.force)) {
         complain("'" + name + "' is not made");
+        finish(report);
         return exit_findings;
     }
     if (!options.output.force && !options.output.diff && options.output.path != "-") {
         refuse_existing(options.output.path);
     }
     deliver(options.output, {"-", name}, "", editor.render());
+    finish(report);
     return exit_clean;
 }
 

@@ -77,8 +77,4 @@ InputSchema load_schema_file(const std::string& path) {
     }
 }
 
-InputSchema load_schema(const SchemaOptions& options) {
-    return load_schema_file(find_schema(options));
-}
-
 }  // namespace amesp_inp

@@ -21,7 +21,4 @@ std::string find_schema(const SchemaOptions& options);
 // takes for one more thing that is wrong with the file.
 velk::input::amesp::InputSchema load_schema_file(const std::string& path);
 
-// The schema of the file that `find_schema` finds.
-velk::input::amesp::InputSchema load_schema(const SchemaOptions& options);
-
 }  // namespace amesp_inp
