@@ -168,7 +168,7 @@ private:
             return line_of(before_.directives.back()) + 1;
         }
         const LineTable& lines = revision_.lines;
-        return lines.sections().empty() ? lines.size() : lines.sections().front().header;
+        return lines.sections().empty() ? lines.size() : lines.above_remark(lines.sections().front().header);
     }
 
     Revision& revision_;

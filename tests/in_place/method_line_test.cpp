@@ -71,6 +71,14 @@ TEST(MethodLine, IsMadeWhereThereIsNone) {
         {"before the first section", "# a\n\n>scf\nend\n", add("hf"), "# a\n\n! hf\n>scf\nend\n"},
         {"at the end", "# a\n", add("hf"), "# a\n! hf\n"},
         {"to nothing", "", add("hf"), "! hf\n"},
+        {"above the remark on what follows", "# the file\n\n# where from\n; this\n>xyz 0 1\nend\n", set({"hf"}),
+         "# the file\n\n! hf\n# where from\n; this\n>xyz 0 1\nend\n"},
+        {"below a new directive above the remark", "# why\n>xyz 0 1\nend\n",
+         [](AIPEditor& editor) {
+             editor.add_method_token("hf");
+             editor.set_directive("title", "x");
+         },
+         "% title x\n! hf\n# why\n>xyz 0 1\nend\n"},
         {"below a new directive", "# a\n",
          [](AIPEditor& editor) {
              editor.add_method_token("hf");

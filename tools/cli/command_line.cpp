@@ -326,7 +326,7 @@ void add_geom(CLI::App& verb, Run& run) {
     add_edit_options(verb, options->output);
     add_canonical_option(verb, options->output.canonical);
     add_other_outputs(verb, options->output);
-    to->excludes(verb.get_option("--diff"))->excludes(verb.get_option("--format"));
+    to->excludes(verb.get_option("--format"));
     verb.callback([options, &run, to, from] {
         if (to->empty() && from->empty()) {
             throw CLI::RequiredError("--to-xyz or --from-xyz");

@@ -144,11 +144,11 @@ const EditName& name_of(EditKind kind) {
     return edit_names[static_cast<std::size_t>(kind)];
 }
 
-Geometries read_geometries(const Edits& edits) {
+Geometries read_geometries(const Edits& edits, bool quiet) {
     Geometries geometries;
     for (const Edit& edit : edits.in_order) {
         if (edit.kind == EditKind::set_geometry && !geometries.contains(edit.argument)) {
-            geometries.emplace(edit.argument, read_geometry(edit.argument, edits.geometry));
+            geometries.emplace(edit.argument, read_geometry(edit.argument, edits.geometry, quiet));
         }
     }
     return geometries;

@@ -46,7 +46,7 @@ struct Edits {
 
 // The XYZ files that edits name, each read once, however many inputs are edited. Throws as `read_geometry` does.
 using Geometries = std::map<std::string, Geometry>;
-Geometries read_geometries(const Edits& edits);
+Geometries read_geometries(const Edits& edits, bool quiet);
 
 // Says why a document cannot take an edit that is itself in order.
 class EditRefused : public std::runtime_error {

@@ -17,16 +17,14 @@ std::string at(const std::string& name, const XyzMessage& message, const char* k
            message.message;
 }
 
-Molecule read_molecule(const Input& input, std::uint64_t frame) {
+// With a molecule.
+XyzResult read_xyz_file(const Input& input, std::uint64_t frame) {
     XyzResult result = read_xyz(read_input(input), {frame});
     if (!result.molecule) {
         throw std::runtime_error(at(input.name, *result.error, "error") +
                                  (result.frames_to_choose_from > 0 ? " (--frame N or --frame last chooses one)" : ""));
     }
-    for (const XyzMessage& note : result.notes) {
-        complain(at(input.name, note, "note"));
-    }
-    return std::move(*result.molecule);
+    return result;
 }
 
 // Charge and multiplicity of a comment line come together; an option then overrides its own.
@@ -56,10 +54,16 @@ std::optional<std::uint64_t> frame_of(std::string_view text) {
     return number && *number > 0 ? number : std::nullopt;
 }
 
-Geometry read_geometry(const std::string& xyz_path, const GeometryOptions& options) {
+Geometry read_geometry(const std::string& xyz_path, const GeometryOptions& options, bool quiet) {
     const Input input{xyz_path, xyz_path == "-" ? "<stdin>" : xyz_path};
-    Molecule molecule = read_molecule(input, options.frame);
-    say_what_is_taken(molecule, input.name, options);
+    XyzResult read = read_xyz_file(input, options.frame);
+    Molecule& molecule = *read.molecule;
+    if (!quiet) {
+        for (const XyzMessage& note : read.notes) {
+            complain(at(input.name, note, "note"));
+        }
+        say_what_is_taken(molecule, input.name, options);
+    }
     return {input.name, std::move(molecule.atoms), options.charge ? options.charge : molecule.charge,
             options.multiplicity ? options.multiplicity : molecule.multiplicity};
 }

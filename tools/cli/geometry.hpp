@@ -28,9 +28,9 @@ struct Geometry {
 // The frame that "last" or a number from 1 on means.
 std::optional<std::uint64_t> frame_of(std::string_view text);
 
-// Says on standard error what it takes from the comment line. Throws std::runtime_error for a file that cannot be read
-// or is no XYZ file, "NAME:LINE:COLUMN: error: MESSAGE".
-Geometry read_geometry(const std::string& xyz_path, const GeometryOptions& options);
+// Says on standard error, unless it shall be quiet, what it takes from the comment line. Throws std::runtime_error for
+// a file that cannot be read or is no XYZ file, "NAME:LINE:COLUMN: error: MESSAGE".
+Geometry read_geometry(const std::string& xyz_path, const GeometryOptions& options, bool quiet);
 
 // Replaces the geometry. Charge and multiplicity, where they are not known, are those of the one that is replaced;
 // throws std::runtime_error when there is none.

@@ -19,7 +19,7 @@ int run_new(const NewOptions& options) {
     EditReport report{options.output.findings, find_schema(options.schema), {}, {}};
     const InputSchema schema = load_schema_file(report.schema_path);
     AIPEditor editor({}, schema);
-    apply(editor, options.edits, read_geometries(options.edits));
+    apply(editor, options.edits, read_geometries(options.edits, options.output.findings.quiet));
     const std::string name = options.output.path.empty() ? "<new>" : options.output.path;
     std::vector<Diagnostic> findings = canonical_losses(editor, {}, editor.render());
     for (const ValidationIssue& issue : editor.validate()) {

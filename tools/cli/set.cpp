@@ -21,7 +21,7 @@ int run_set(const SetOptions& options) {
         throw UsageError("-o takes one input file");
     }
     refuse_mixed_output(options.output, inputs, "add -i or -o");
-    const Geometries geometries = read_geometries(options.edits);
+    const Geometries geometries = read_geometries(options.edits, options.output.findings.quiet);
     return edit_each_input(options.output, report, options.inputs, inputs, [&](const Input& input) -> EditOutcome {
         const std::string text = read_input(input);
         AIPEditor editor(AIPParser::parse_string(text, schema, {true, false}).data, schema);

@@ -162,5 +162,45 @@ TEST(Geometry, LeavesOutTheWordsOfTheOldHeaderWhenAsked) {
     EXPECT_EQ(run_edit({"set", "-", "--charge", "1", "--drop-words"}, {.input = in_bohr}).status, 2);
 }
 
+TEST(Geometry, IsPreviewedAsTheChangeOfItsXyzFile) {
+    const TempDir dir;
+    write_file(dir / "a.inp", third);
+    const auto preview = [&] {
+        return run_edit({"geom", "a.inp", "--to-xyz", "m.xyz", "--diff"}, {.directory = dir.path()});
+    };
+    EXPECT_EQ(preview().status, 0);
+    EXPECT_THAT(preview().out, testing::StartsWith("--- a/m.xyz\t\n+++ b/m.xyz\t\n@@ -0,0 +1,4 @@\n+2\n"));
+    EXPECT_EQ(dir.entry_count(), 1U);
+    write_file(dir / "m.xyz", "2\nold\n");
+    EXPECT_THAT(preview().out, HasSubstr(" 2\n-old\n+charge=0 multiplicity=1\n"));
+    EXPECT_EQ(read_file(dir / "m.xyz"), "2\nold\n");
+    const ProgramRun nowhere = run_edit({"geom", "-", "--to-xyz", "-", "--diff"}, {.input = third});
+    EXPECT_EQ(nowhere.status, 2);
+    EXPECT_THAT(nowhere.err,
+                testing::StartsWith("amesp-inp geom: --diff shows the change of a file: --to-xyz has to name one\n"));
+}
+
+TEST(Geometry, SaysNothingOfTheCommentLineWhenQuiet) {
+    const TempDir dir;
+    const std::string taken = dir / "taken.xyz";
+    const std::string noted = dir / "noted.xyz";
+    write_file(taken, "1\ncharge=0 multiplicity=1\nHe 0 0 0\n");
+    write_file(noted, "1\ncharge=0\nHe 0 0 0\n");
+    for (const std::string& xyz : {taken, noted}) {
+        for (Words words : {Words{"geom", "-", "--from-xyz", xyz}, Words{"set", "-", "--geometry", xyz},
+                            Words{"new", "--method", "hf", "--geometry", xyz, "--charge", "0"}}) {
+            if (words[0] == "new" && xyz == noted) {
+                words.insert(words.end(), {"--multiplicity", "1"});
+            }
+            const ProgramRun loud = run_edit(words, {.input = water});
+            EXPECT_NE(loud.err, "") << testing::PrintToString(words);
+            words.emplace_back("-q");
+            const ProgramRun quiet = run_edit(words, {.input = water});
+            EXPECT_EQ(quiet.err, "") << testing::PrintToString(words);
+            EXPECT_EQ(quiet.out, loud.out);
+        }
+    }
+}
+
 }  // namespace
 }  // namespace velk::test

@@ -86,7 +86,8 @@ public:
     //   bytes of its value alone; the line of a removed record goes, of a removed section all from its header to its
     //   "end", with one of the blank lines around it; of a removed token the word.
     // - A new directive follows the last one, or stands above the method line and the comments right above that; a new
-    //   token follows the one before it in the list; a new entry follows the last of its section; directive and entry
+    //   token follows the one before it in the list, a new method line the last directive, or it stands above the first
+    //   section and the comments right above that; a new entry follows the last of its section; directive and entry
     //   are laid out as most of their neighbours are. A new section comes last, after a blank line, but before comments
     //   that end the text. A new geometry stands where the first removed one stood, and shares the lines of equal
     //   atoms.
