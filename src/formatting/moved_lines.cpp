@@ -23,13 +23,10 @@ SourceLocation location_of(const TextPositions& text, std::uint64_t number) {
 
 // Directives come first, then the method line, then the sections.
 void add_records_out_of_order(Changes& changes, const AIPData& data) {
-    const std::uint64_t method = data.method_tokens.empty() || !data.method_tokens[0].location
-                                     ? UINT64_MAX
-                                     : data.method_tokens[0].location->line;
-    const std::uint64_t section =
-        data.sections.empty() || !data.sections[0].location ? UINT64_MAX : data.sections[0].location->line;
+    const std::uint64_t method = data.method_tokens.empty() ? UINT64_MAX : data.method_tokens[0].location->line;
+    const std::uint64_t section = data.sections.empty() ? UINT64_MAX : data.sections[0].location->line;
     for (const Directive& directive : data.directives) {
-        if (directive.location && directive.location->line > std::min(method, section)) {
+        if (directive.location->line > std::min(method, section)) {
             changes.note(directive.location, codes::inp::moved_line, "This directive would be moved to the front.");
         }
     }
