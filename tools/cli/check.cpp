@@ -144,6 +144,10 @@ void add(Totals& totals, const FileReport& report) {
     totals.warnings += report.warnings;
 }
 
+bool is_silent(const FileReport& report) {
+    return report.warning.empty() && report.trouble.empty() && report.findings.empty() && report.diff.empty();
+}
+
 // Findings make room on standard output for the text of a patch.
 void print_report(const FileReport& report, const FileCheck& check, bool is_first) {
     for (const std::string* const message : {&report.warning, &report.trouble}) {
@@ -185,8 +189,7 @@ int run_check(const CheckOptions& options) {
         inputs.size(), worker_count(options, inputs.size()),
         [&](std::size_t i) { return check_unless(stops, inputs[i], schema, check); },
         [&](const FileReport& report) {
-            if (!report.warning.empty() || !report.trouble.empty() || !report.findings.empty() ||
-                !report.diff.empty()) {
+            if (!is_silent(report)) {
                 progress.clear();
                 print_report(report, check, totals.files == 0);
             }
