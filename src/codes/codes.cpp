@@ -36,6 +36,18 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "without being an atom. Formatting would move it away from where it was meant to count, and the file is refused.",
      "! hf sto-3g\n\n>xyz 0 1\n  H 0 0\n  H 0 0 0.74\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  H 0 0 0\n  H 0 0 0.74\nend\n",
      "Correct the line, or make it a comment with '#'; or format with --force.", ""},
+    {codes::inp::missing_end, Severity::error,
+     "A section has no 'end': what follows is read as part of it, and is lost to the calculation. (A warning where the "
+     "line before which the 'end' may have been meant, or the section, is unknown to the schema.)",
+     "! hf sto-3g\n>scf\n  maxcyc 50\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n>scf\n  maxcyc 50\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Write 'end' on a line of its own after the last line of the section; --fix does.", ""},
+    {codes::inp::misspelt_end, Severity::error,
+     "A line was meant to end a section but is misspelt, or holds more than the word 'end'. It ends nothing, and what "
+     "follows is read as part of the section.",
+     "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nedn\n>scf\n  maxcyc 50\nend\n",
+     "! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n>scf\n  maxcyc 50\nend\n",
+     "Let the line hold 'end' and nothing else; --fix does.", ""},
     {codes::inp::moved_blank_lines, Severity::warning, "Formatting would lay out blank lines anew.",
      "# helium\n\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n", "# helium\n! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Nothing is lost but the layout.", ""},

@@ -27,7 +27,7 @@ struct Extent {
 
 struct Detected {
     Diagnostic diagnostic;
-    // What other findings begin in these follows from this one.
+    // What other findings begin in these follows from this one, but for those on the document as a whole.
     std::vector<Extent> covers;
     // So do findings of these codes wherever they stand: something is missing because of this.
     std::vector<std::string_view> explains;

@@ -4,12 +4,18 @@
 #include <array>
 #include <iterator>
 
+#include "diagnostics/missing_end.hpp"
+#include "diagnostics/misspelt_end.hpp"
+
 namespace velk::input::amesp {
 namespace {
 
 using Detector = Detections (*)(const DetectorInput&);
 
-constexpr std::array<Detector, 0> detectors = {};
+constexpr auto detectors = std::to_array<Detector>({
+    find_misspelt_ends,
+    find_missing_ends,
+});
 
 }  // namespace
 

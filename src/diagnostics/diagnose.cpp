@@ -13,7 +13,6 @@
 
 #include "diagnostics/detectors.hpp"
 #include "diagnostics/fold_causes.hpp"
-#include "diagnostics/missing_ends.hpp"
 #include "diagnostics/name_hints.hpp"
 #include "diagnostics/places.hpp"
 #include "diagnostics/renames.hpp"
@@ -92,14 +91,13 @@ public:
     Diagnoser(const TextPositions& text, const InputSchema& schema, Diagnosis& diagnosis)
         : text_(text), hints_(schema), renames_(diagnosis.document, schema, text), diagnosis_(diagnosis) {}
 
-    void run(std::string_view text, const SchemaSource& schema) {
+    void run(const SchemaSource& schema) {
         const std::vector<RuleFinding> findings = DocumentCheck::run(schema.rules, diagnosis_.document);
         add_warnings(findings);
         for (const RuleFinding& finding : findings) {
             add(finding);
         }
-        add_ends(find_missing_ends(text, schema.rules));
-        const LineTable lines(text);
+        const LineTable lines(text_.text());
         found_ = fold_causes(detect({text_, lines, diagnosis_.document, schema}), std::move(found_));
         diagnosis_.diagnostics = by_place(std::move(found_));
     }
@@ -111,16 +109,12 @@ private:
             return finding.issue.code == codes::unterminated_section;
         });
         for (const ParseWarning& warning : diagnosis_.document.warnings) {
-            const bool is_end = warning.code == codes::unterminated_section;
-            if (is_end && is_repeated) {
+            if (is_repeated && warning.code == codes::unterminated_section) {
                 continue;
             }
             Diagnostic diagnostic = without_place(Severity::warning, warning.code, warning.message);
             diagnostic.range = range_of(text_, *warning.location);
             diagnostic.subject.kind = subjects::line;
-            if (is_end) {
-                explain_missing_end(diagnostic);
-            }
             found_.push_back(std::move(diagnostic));
         }
     }
@@ -163,9 +157,7 @@ private:
     }
 
     void add_help(Diagnostic& diagnostic, const IssueRecords& records) {
-        if (diagnostic.code == codes::unterminated_section) {
-            explain_missing_end(diagnostic);
-        } else if (records.value != nullptr && diagnostic.code == codes::invalid_value) {
+        if (records.value != nullptr && diagnostic.code == codes::invalid_value) {
             if (std::string help = allowed_values(*records.value); !help.empty()) {
                 diagnostic.help.push_back(std::move(help));
             }
@@ -181,31 +173,6 @@ private:
     static bool is_unknown_name(std::string_view code) {
         return code == codes::unknown_directive || code == codes::unknown_method_token ||
                code == codes::unknown_section || code == codes::unknown_entry;
-    }
-
-    void explain_missing_end(Diagnostic& diagnostic) const {
-        for (std::uint64_t number = diagnostic.range->start.line + 1; number <= last_line(text_); ++number) {
-            if (is_marked(classify(core::text::trim_view(text_.line(number))))) {
-                diagnostic.related.push_back(
-                    {"this line is read as part of the section; an 'end' was probably meant before it",
-                     range_of_line(text_, number),
-                     {}});
-                return;
-            }
-        }
-        diagnostic.help.emplace_back("add a line 'end' after the last line of the section");
-    }
-
-    // A section that a later "end" closes has nothing said of it. Of the others there is one at most, the last.
-    void add_ends(std::vector<MissingEnd> missing) {
-        const auto open = std::find_if(found_.begin(), found_.end(), [](const Diagnostic& diagnostic) {
-            return diagnostic.code == codes::unterminated_section;
-        });
-        for (MissingEnd& end : missing) {
-            if (open != found_.end() && open->range->start.line == end.header) {
-                open->fixes.push_back(std::move(end.fix));
-            }
-        }
     }
 
     const TextPositions& text_;
@@ -231,7 +198,7 @@ Diagnosis diagnose(std::string_view text, const SchemaSource& schema, const Diag
     Diagnosis diagnosis;
     diagnosis.document = read_document(text, schema.rules, true);
     const TextPositions positions(text);
-    Diagnoser(positions, schema.rules, diagnosis).run(text, schema);
+    Diagnoser(positions, schema.rules, diagnosis).run(schema);
     apply_limit(diagnosis, options.limit_per_code);
     return diagnosis;
 }

@@ -5,32 +5,15 @@
 #include <vector>
 
 #include <velk/input/amesp/diagnostics.hpp>
-#include <velk/input/amesp/schema_tables.hpp>
 
-#include "diagnostics/missing_ends.hpp"
-#include "diagnostics/places.hpp"
-#include "diagnostics/subjects.hpp"
 #include "model/compose_edits.hpp"
-#include "validation/issues.hpp"
 
 namespace velk::input::amesp {
 namespace {
 
-// What a section is told whose 'end' is missing, with its fix alone.
-Diagnostic diagnostic_of(MissingEnd missing, const TextPositions& text, const Diagnosis& diagnosis) {
-    const auto at_header = [&](const Section& section) { return section.location->line == missing.header; };
-    const auto& sections = diagnosis.document.sections;
-    const auto section = std::find_if(sections.begin(), sections.end(), at_header);
-    Diagnostic diagnostic;
-    diagnostic.severity = Severity::error;
-    diagnostic.code = codes::unterminated_section;
-    diagnostic.range = range_of_line(text, missing.header);
-    if (section != sections.end()) {
-        diagnostic.subject = subject_of({.section = &*section});
-    }
-    diagnostic.message = issues::unterminated_section(diagnostic.subject.name, std::nullopt).message;
-    diagnostic.fixes = {std::move(missing.fix)};
-    return diagnostic;
+// What is read depends on where sections end, so these go before all else.
+bool is_of_structure(const Diagnostic& diagnostic) {
+    return diagnostic.code == codes::inp::misspelt_end || diagnostic.code == codes::inp::missing_end;
 }
 
 class Fixer {
@@ -52,9 +35,9 @@ private:
     bool make_fixes() {
         const Diagnosis diagnosis = diagnose(result_.text, schema_);
         edits_.clear();
-        add_missing_ends(diagnosis);
+        add_fixes(diagnosis, is_of_structure);
         if (edits_.empty()) {
-            add_other_fixes(diagnosis);
+            add_fixes(diagnosis, [](const Diagnostic& /*any*/) { return true; });
         }
         if (edits_.empty()) {
             return false;
@@ -66,19 +49,13 @@ private:
 
     bool is_wanted(const Fix& fix) const { return fix.applicability <= up_to_; }
 
-    void add_missing_ends(const Diagnosis& diagnosis) {
-        const TextPositions text(result_.text);
-        for (MissingEnd& missing : find_missing_ends(result_.text, schema_.rules)) {
-            if (is_wanted(missing.fix)) {
-                edits_.insert(edits_.end(), missing.fix.edits.begin(), missing.fix.edits.end());
-                result_.applied.push_back(diagnostic_of(std::move(missing), text, diagnosis));
-            }
-        }
-    }
-
-    void add_other_fixes(const Diagnosis& diagnosis) {
+    template <class Condition>
+    void add_fixes(const Diagnosis& diagnosis, Condition may_fix) {
         std::uint64_t done = 0;  // up to here the text is edited
         for (const Diagnostic& diagnostic : diagnosis.diagnostics) {
+            if (!may_fix(diagnostic)) {
+                continue;
+            }
             const auto fix = std::find_if(diagnostic.fixes.begin(), diagnostic.fixes.end(),
                                           [this](const Fix& each) { return is_wanted(each); });
             if (fix == diagnostic.fixes.end() || fix->edits.front().offset < done) {

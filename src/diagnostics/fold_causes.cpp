@@ -9,6 +9,8 @@
 #include <set>
 #include <utility>
 
+#include "diagnostics/subjects.hpp"
+
 namespace velk::input::amesp {
 namespace {
 
@@ -84,11 +86,17 @@ private:
             open_.erase(open_.begin());
         }
         const Rank rank = std::min(i, count_);
-        if (!open_.empty() && open_.begin()->first < rank) {
-            return open_.begin()->first;
+        const bool is_of_its_place = all_[i].subject.kind != subjects::document;
+        if (is_of_its_place && !open_.empty() && open_.begin()->first < rank) {
+            return unless_graver(i, open_.begin()->first);
         }
         const auto explained = rank == count_ ? explained_.find(all_[i].code) : explained_.end();
-        return explained == explained_.end() ? std::nullopt : std::optional(explained->second);
+        return explained == explained_.end() ? std::nullopt : unless_graver(i, explained->second);
+    }
+
+    // Findings count by their cause: an error does not go down in a warning.
+    std::optional<Rank> unless_graver(std::size_t i, Rank cause) const {
+        return all_[i].severity > all_[cause].severity ? std::nullopt : std::optional(cause);
     }
 
     // A cause comes before what follows from it, so this ends.

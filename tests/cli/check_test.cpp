@@ -72,7 +72,8 @@ TEST(Check, GivesAPlaceToWhatTheLibraryGivesNone) {
         {good + ">scf\nend\n>opt\nend\n>SCF\nend\n",
          "water.inp:9:1: error: AMESP section '>scf' may appear only once."},
         {good + ">scf\nend\n>opt\nend\n>SCF\nend\n", "\nwater.inp:5:1: note: the first one is here\n"},
-        {"! hf\n>xyz 0 1\nH 0 0 0\n% maxcore 5\n", "\nwater.inp:4:1: note: this line is read as part of the section"},
+        {"! hf\n>xyz 0 1\nH 0 0 0\n% maxcore 5\n",
+         "water.inp:4:1: error: Section '>xyz' has no 'end' before this line, which is read as part of it."},
         {good + ">scf\nconv 1e-6\n", "= help: add a line 'end' after the last line of the section"},
     };
     for (const PlaceCase& c : cases) {
@@ -102,9 +103,9 @@ TEST(Check, OffersNearNamesAndNamesOfOtherKinds) {
 
 TEST(Check, ReportsAMissingEndOnce) {
     const std::string out = check_text("! hf\n>xyz 0 1\nH 0 0 0\n").out;
-    EXPECT_THAT(out, StartsWith("water.inp:2:1: error: AMESP section '>xyz' is missing its terminating 'end'."));
+    EXPECT_THAT(out, StartsWith("water.inp:2:1: error: Section '>xyz' has no 'end'. [amesp-inp.missing_end]"));
     EXPECT_EQ(out.find("unterminated_section", out.find("unterminated_section") + 1), std::string::npos);
-    EXPECT_THAT(check_text(good + ">odd\n").out, HasSubstr("warning: Section '>odd' reached end-of-file"));
+    EXPECT_THAT(check_text(good + ">odd\n").out, HasSubstr("note: from this: Section '>odd' reached end-of-file"));
 }
 
 TEST(Check, ExitsByTheFailLevel) {

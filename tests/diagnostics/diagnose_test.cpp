@@ -56,10 +56,10 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"SecondOfThreeDuplicates",
              "! hf\n>once\nend\n>xyz 0 1\n He 0 0 0\nend\n>once\nend\n>once\nend\n",
              {"7:1+5 amesp.duplicate_section"}},
-        Case{"OpenSectionOnce", "! hf\n>xyz 0 1\n He 0 0 0\n", {"2:1+8 amesp.unterminated_section"}},
+        Case{"OpenSectionOnce", "! hf\n>xyz 0 1\n He 0 0 0\n", {"2:1+8 amesp-inp.missing_end"}},
         Case{"OpenUnknownSection",
              "! hf\n>xyz 0 1\n He 0 0 0\nend\n>odd\n",
-             {"5:1+0 amesp.unterminated_section", "5:1+4 amesp.unknown_section"}},
+             {"5:1+4 amesp-inp.missing_end", "5:1+4 amesp.unknown_section"}},
         Case{"LooseLine", std::string(good) + "loose\n", {"6:1+0 amesp.loose_line"}}),
     [](const auto& each) { return each.param.name; });
 
@@ -158,7 +158,7 @@ TEST(DiagnoseNames, OfMarksAloneHaveNoKnownPlace) {
     EXPECT_THAT(only(diagnose("!!!\n>xyz 0 1\n He 0 0 0\nend\n", odd)).fixes, IsEmpty());
 }
 
-TEST(DiagnoseRelated, NamesTheFirstOfTwoAndTheLineThatASectionSwallows) {
+TEST(DiagnoseRelated, NamesTheFirstOfTwo) {
     const Diagnosis geometries = diagnose("! hf\n>xyz 0 1\n He 0 0 0\nend\n>zmat\nend\n", small_schema());
     ASSERT_EQ(only(geometries).related.size(), 1U);
     EXPECT_EQ(only(geometries).related[0].message, "the first coordinate section is here");
@@ -167,19 +167,6 @@ TEST(DiagnoseRelated, NamesTheFirstOfTwoAndTheLineThatASectionSwallows) {
 
     const Diagnosis twice = diagnose("! hf\n>once\nend\n>xyz 0 1\n He 0 0 0\nend\n>once\nend\n", small_schema());
     EXPECT_EQ(only(twice).related.at(0).message, "the first one is here");
-
-    const Diagnosis swallowed = diagnose("! hf\n>xyz 0 1\n He 0 0 0\n\n  % maxcore 5\n", small_schema());
-    const Diagnostic& open = swallowed.diagnostics.at(0);
-    EXPECT_EQ(open.code, codes::unterminated_section);
-    EXPECT_EQ(open.related.at(0).message,
-              "this line is read as part of the section; an 'end' was probably meant before it");
-    EXPECT_EQ(open.related.at(0).range->start, (Position{5, 3}));
-    EXPECT_EQ(open.fixes.at(0).edits, (std::vector<TextEdit>{{24, 0, "end\n"}}));
-    EXPECT_EQ(open.fixes.at(0).applicability, Applicability::certain);
-
-    const Diagnosis at_end = diagnose("! hf\n>xyz 0 1\n He 0 0 0\n", small_schema());
-    EXPECT_EQ(only(at_end).help, std::vector<std::string>{"add a line 'end' after the last line of the section"});
-    EXPECT_THAT(only(at_end).related, IsEmpty());
 }
 
 TEST(DiagnoseSubjects, SayWhatAFindingSpeaksOf) {

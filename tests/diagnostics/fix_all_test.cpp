@@ -26,8 +26,8 @@ TEST(FixAll, MakesCertainFixesAloneUnlessToldOtherwise) {
     EXPECT_EQ(certain.text, text + "end\n");
     EXPECT_EQ(certain.edits, (std::vector<TextEdit>{{text.size(), 0, "end\n"}}));
     ASSERT_EQ(certain.applied.size(), 1U);
-    EXPECT_EQ(certain.applied[0].code, codes::unterminated_section);
-    EXPECT_EQ(certain.applied[0].message, "AMESP section '>xyz' is missing its terminating 'end'.");
+    EXPECT_EQ(certain.applied[0].code, codes::inp::missing_end);
+    EXPECT_EQ(certain.applied[0].message, "Section '>xyz' has no 'end'.");
     EXPECT_EQ(certain.applied[0].range->start, (Position{3, 1}));
     EXPECT_EQ(certain.applied[0].subject, (Subject{"section", "", "xyz"}));
     EXPECT_EQ(certain.remaining.diagnostics.size(), 2U);

@@ -49,6 +49,27 @@ TEST(FoldCauses, TakesWhatBeginsInAnExtent) {
     EXPECT_EQ(folded({detection("d", 0, {{5, 0}})}, others), "d before first last after");
 }
 
+TEST(FoldCauses, FoldsNoErrorIntoAWarning) {
+    Detected warning = detection("w", 0, {{0, 9}}, {"x"});
+    warning.diagnostic.severity = Severity::warning;
+    Diagnostic covered = finding("c", 3);
+    Diagnostic explained = finding("x", 20);
+    EXPECT_EQ(folded({warning}, {covered, explained}), "w(c x)");
+    covered.severity = Severity::error;
+    explained.severity = Severity::error;
+    EXPECT_EQ(folded({warning}, {covered, explained}), "w c x");
+    EXPECT_EQ(folded({warning, detection("d", 30, {{0, 9}})}, {covered}), "w d c");
+    warning.diagnostic.severity = Severity::error;
+    EXPECT_EQ(folded({warning}, {covered, explained}), "w(c x)");
+}
+
+TEST(FoldCauses, TakesWhatTheDocumentLacksByItsCodeAlone) {
+    Diagnostic missing = finding("x", 3);
+    missing.subject.kind = "document";
+    EXPECT_EQ(folded({detection("d", 20, {{0, 9}})}, {missing}), "d x");
+    EXPECT_EQ(folded({detection("d", 20, {}, {"x"})}, {missing}), "d(x)");
+}
+
 TEST(FoldCauses, ListsCausesByPlace) {
     EXPECT_EQ(folded({detection("d", 0, {{0, 9}})}, {finding("y", 5), finding("x", 2), finding("z", 5)}), "d(x y z)");
 }

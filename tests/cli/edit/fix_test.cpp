@@ -80,6 +80,12 @@ INSTANTIATE_TEST_SUITE_P(
                 ">scf\r\n  conv 1\nend\n>xyz 0 1\r\n  He 0 0 0\r\nend\r\n"),
         certain("LastEndWithoutLineEndButCrLfBefore", "! hf\r\n>scf", "! hf\r\n>scf\r\nend\r\n"),
         certain("LastEndBehindHalfALineEnd", "! hf\n>scf\r", "! hf\n>scf\r\nend\r\n"),
+        // Ends that are misspelt.
+        certain("MisspeltEnd", ">scf\n  conv 1e-6\nedn\n>xyz 0 1\n  He 0 0 0\nend xyz\n",
+                ">scf\n  conv 1e-6\nend\n>xyz 0 1\n  He 0 0 0\nend\n"),
+        certain("MisspeltAndMissingEnd", ">scf\r\n conv 1\r\n>xyz 0 1\r\n He 0 0 0\r\n end # ok\r\n>opt\r\n",
+                ">scf\r\n conv 1\r\nend\r\n>xyz 0 1\r\n He 0 0 0\r\n # ok\r\n end\r\n>opt\r\nend\r\n"),
+        same("MisspeltEndBeforeAnEnd", ">scf\n  conv 1e-6\nedn\nend\n"),
         // Not certain: who knows what an unknown section may hold, or what an unknown name is.
         only_all("EndOfAnUnknownSection", ">odd\n  a b\n>xyz 0 1\n  He 0 0 0\nend\n",
                  ">odd\n  a b\nend\n>xyz 0 1\n  He 0 0 0\nend\n"),
@@ -219,12 +225,13 @@ TEST(Fix, OnlyAddsEndsInRandomTexts) {
     const TempDir dir;
     std::mt19937 random(70);
     const std::string pieces[] = {"% mem 5\n", "! hf\n",    ">xyz 0 1\n", ">scf\n", "end\n",  "\n",  " # c\n", "# c\n",
-                                  " conv 1\n", "H 0 0 1\n", "odd\n",      ">odd\n", "%odd\n", ">\n", "\r\n",   "END"};
+                                  " conv 1\n", "H 0 0 1\n", "odd\n",      ">odd\n", "%odd\n", ">\n", "\r\n"};
     for (int file = 0; file < 300; ++file) {
         std::string text;
         for (std::size_t n = random() % 16; n > 0; --n) {
             text += pieces[random() % std::size(pieces)];
         }
+        text += random() % 4 == 0 ? "END" : "";
         write_file(dir / (std::to_string(file) + ".inp"), text);
         write_file(dir / (std::to_string(file) + ".old"), text);
     }

@@ -121,7 +121,7 @@ struct FixResult {
 };
 
 // Makes all fixes of that applicability or a better one, the first by place where two of them overlap, then again for
-// what has come to light, at most ten times. A missing "end" goes before all else, since what is read depends on it.
+// what has come to light, at most ten times. An "end" goes before all else, since what is read depends on it.
 // Every byte that no fix concerns stays as it is; a text that needs none comes back as it is.
 VELK_AMESP_INP_EXPORT FixResult fix_all(std::string_view text, const SchemaSource& schema,
                                         Applicability up_to = Applicability::certain,
