@@ -4,8 +4,10 @@
 #include <array>
 #include <iterator>
 
+#include "diagnostics/bad_header.hpp"
 #include "diagnostics/missing_end.hpp"
 #include "diagnostics/misspelt_end.hpp"
+#include "diagnostics/one_line_section.hpp"
 
 namespace velk::input::amesp {
 namespace {
@@ -15,6 +17,8 @@ using Detector = Detections (*)(const DetectorInput&);
 constexpr auto detectors = std::to_array<Detector>({
     find_misspelt_ends,
     find_missing_ends,
+    find_one_line_sections,
+    find_bad_headers,
 });
 
 }  // namespace

@@ -13,7 +13,8 @@ namespace {
 
 // What is read depends on where sections end, so these go before all else.
 bool is_of_structure(const Diagnostic& diagnostic) {
-    return diagnostic.code == codes::inp::misspelt_end || diagnostic.code == codes::inp::missing_end;
+    return diagnostic.code == codes::inp::misspelt_end || diagnostic.code == codes::inp::missing_end ||
+           diagnostic.code == codes::inp::one_line_section;
 }
 
 class Fixer {

@@ -69,7 +69,7 @@ Diagnostic diagnostic_of(const DetectorInput& input, const EndFinding& finding) 
 Detections find_missing_ends(const DetectorInput& input) {
     Detections found;
     for (EndFinding& finding : find_end_findings(input)) {
-        if (!finding.fault.is_misspelt) {
+        if (finding.fault.kind == EndFault::Kind::missing) {
             found.push_back({diagnostic_of(input, finding), std::move(finding.covers), std::move(finding.explains)});
         }
     }

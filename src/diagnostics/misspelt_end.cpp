@@ -56,7 +56,7 @@ Diagnostic diagnostic_of(const DetectorInput& input, const EndFault& fault) {
 Detections find_misspelt_ends(const DetectorInput& input) {
     Detections found;
     for (EndFinding& finding : find_end_findings(input)) {
-        if (finding.fault.is_misspelt) {
+        if (finding.fault.kind == EndFault::Kind::misspelt) {
             found.push_back(
                 {diagnostic_of(input, finding.fault), std::move(finding.covers), std::move(finding.explains)});
         }

@@ -4,6 +4,7 @@
 #include <velk/core/text_view.hpp>
 
 #include "diagnostics/end_words.hpp"
+#include "diagnostics/header_entries.hpp"
 #include "parser/line.hpp"
 
 namespace velk::input::amesp {
@@ -65,22 +66,27 @@ private:
 
     void read(std::size_t line, std::string_view text) {
         if (!open_) {
-            if (is_header(text)) {
-                open_ = EndFault{line, line, {}};
-                is_unsure_ = false;
-            }
-            return;
+            return is_header(text) ? open(line, text) : void();
         }
         if (is_section_end(text)) {
             open_.reset();
         } else if (is_misspelt(line, text)) {
             open_->last = line;
             close_before(line);
-            faults_.back().is_misspelt = true;
+            faults_.back().kind = EndFault::Kind::misspelt;
         } else if (is_marked(text)) {
             read_marked(line, text);
         } else if (belongs_to_section(line, text)) {
             open_->last = line;
+        }
+    }
+
+    void open(std::size_t line, std::string_view text) {
+        open_ = EndFault{line, line, {}};
+        is_unsure_ = false;
+        if (reads_well_[line + 1] && is_one_line_section(text, schema_)) {
+            close_before(line);
+            faults_.back().kind = EndFault::Kind::one_line;
         }
     }
 
@@ -154,7 +160,8 @@ std::vector<EndFault> find_end_faults(const LineTable& lines, const InputSchema&
         while (next != certain.end() && next->header < fault.header) {
             ++next;
         }
-        fault.is_certain = fault.is_misspelt || (next != certain.end() && *next == fault && fault.has_place);
+        fault.is_certain =
+            fault.kind == EndFault::Kind::misspelt || (next != certain.end() && *next == fault && fault.has_place);
     }
     return faults;
 }

@@ -1,4 +1,4 @@
-// Where the 'end' of a section is missing or misspelt.
+// Where the 'end' of a section is missing, misspelt or on its header.
 #pragma once
 
 #include <cstddef>
@@ -14,10 +14,12 @@ namespace velk::input::amesp {
 
 // Lines are counted from 0.
 struct EndFault {
+    enum class Kind { missing, misspelt, one_line };
+
     std::size_t header = 0;                // of the section that lacks its end
     std::size_t last = 0;                  // the line that its end should follow; the misspelt end itself
     std::optional<std::size_t> swallowed;  // what is read as part of the section; none at the end of the text
-    bool is_misspelt = false;
+    Kind kind = Kind::missing;
     bool is_certain = true;  // a known line shows that the end was meant there, or the end of the text does
     bool has_place = true;   // whether it can be told where the end was meant
 
