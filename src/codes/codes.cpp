@@ -35,6 +35,11 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "lost, and the file is refused.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0 frozen\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\n  # He: frozen\nend\n",
      "Move the words into a comment of their own, or format with --force.", ""},
+    {codes::inp::equals_in_directive, Severity::warning,
+     "A directive is written with '=', which is read as part of its name or of its value. (An error where the value of "
+     "a known directive is wrong by it.)",
+     "%maxcore=2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "%maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "Write a blank in place of the '='; --fix does.", ""},
     {codes::inp::lost_line, Severity::error,
      "A line is not read as part of the input: it stands outside every section without a mark, or in a Cartesian "
      "section "
@@ -77,6 +82,12 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "! hf sto-3g\n\n>scf\n  my note = x\nend\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "! hf sto-3g\n\n>scf\n  note = x\nend\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Change the name or the value, or leave the file unformatted.", ""},
+    {codes::inp::remark_in_value, Severity::error,
+     "A remark after a value is read as part of the value, which is wrong by it. (A warning where it is not, and in "
+     "method lines, where every word of a remark is read as a token.)",
+     "% maxcore 2000  # MB\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "# MB\n% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Write the remark on a line of its own; --fix does where the value is wrong by it.", ""},
     {codes::inp::rounded, Severity::warning, "Formatting would round coordinates to ten decimals.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.12345678901\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.1234567890\nend\n",
      "Leave the file unformatted where more digits matter.", ""},

@@ -5,9 +5,11 @@
 #include <iterator>
 
 #include "diagnostics/bad_header.hpp"
+#include "diagnostics/equals_in_directive.hpp"
 #include "diagnostics/missing_end.hpp"
 #include "diagnostics/misspelt_end.hpp"
 #include "diagnostics/one_line_section.hpp"
+#include "diagnostics/remark_in_value.hpp"
 
 namespace velk::input::amesp {
 namespace {
@@ -19,6 +21,8 @@ constexpr auto detectors = std::to_array<Detector>({
     find_missing_ends,
     find_one_line_sections,
     find_bad_headers,
+    find_equals_in_directives,
+    find_remarks_in_values,
 });
 
 }  // namespace

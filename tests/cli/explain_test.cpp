@@ -39,16 +39,17 @@ TEST(Explain, ListsEveryCodeOnce) {
         listed_codes(),
         testing::ElementsAre(
             "amesp-inp.added_end", "amesp-inp.bad_header", "amesp-inp.dropped_marker", "amesp-inp.dropped_words",
-            "amesp-inp.lost_line", "amesp-inp.missing_end", "amesp-inp.misspelt_end", "amesp-inp.moved_blank_lines",
-            "amesp-inp.moved_line", "amesp-inp.one_line_section", "amesp-inp.other_format",
-            "amesp-inp.reads_differently", "amesp-inp.rounded", "amesp.dropped_words", "amesp.duplicate_section",
-            "amesp.empty_directive", "amesp.empty_geometry", "amesp.empty_method_line", "amesp.empty_section_header",
-            "amesp.invalid_multiplicity", "amesp.invalid_section_entry", "amesp.invalid_value",
-            "amesp.invalid_xyz_header", "amesp.invalid_xyz_record", "amesp.kept_unit", "amesp.loose_line",
-            "amesp.missing_geometry", "amesp.missing_method_line", "amesp.missing_required_entry",
-            "amesp.missing_required_section", "amesp.multiple_geometry_sections", "amesp.multiple_method_lines",
-            "amesp.not_expressible", "amesp.not_of_this_text", "amesp.remark_in_method_line", "amesp.unknown_directive",
-            "amesp.unknown_entry", "amesp.unknown_method_token", "amesp.unknown_section", "amesp.unterminated_section",
+            "amesp-inp.equals_in_directive", "amesp-inp.lost_line", "amesp-inp.missing_end", "amesp-inp.misspelt_end",
+            "amesp-inp.moved_blank_lines", "amesp-inp.moved_line", "amesp-inp.one_line_section",
+            "amesp-inp.other_format", "amesp-inp.reads_differently", "amesp-inp.remark_in_value", "amesp-inp.rounded",
+            "amesp.dropped_words", "amesp.duplicate_section", "amesp.empty_directive", "amesp.empty_geometry",
+            "amesp.empty_method_line", "amesp.empty_section_header", "amesp.invalid_multiplicity",
+            "amesp.invalid_section_entry", "amesp.invalid_value", "amesp.invalid_xyz_header",
+            "amesp.invalid_xyz_record", "amesp.kept_unit", "amesp.loose_line", "amesp.missing_geometry",
+            "amesp.missing_method_line", "amesp.missing_required_entry", "amesp.missing_required_section",
+            "amesp.multiple_geometry_sections", "amesp.multiple_method_lines", "amesp.not_expressible",
+            "amesp.not_of_this_text", "amesp.remark_in_method_line", "amesp.unknown_directive", "amesp.unknown_entry",
+            "amesp.unknown_method_token", "amesp.unknown_section", "amesp.unterminated_section",
             "amesp.value_above_maximum", "amesp.value_below_minimum"));
 }
 

@@ -16,6 +16,7 @@ directives:
   gpu: {value_type: boolean}
   guess: {value_type: enum, allowed: [core, huckel]}
   none: {value_type: enum}
+  title: {}
 method_tokens:
   hf: {category: method}
   b3lyp: {category: method, aliases: b3-lyp}

@@ -66,10 +66,39 @@ TEST(FixAll, TakesTheLimitForWhatRemains) {
 
 TEST(FixAll, ItsEditsGiveItsTextAndASecondRunChangesNothing) {
     std::mt19937 random(5);
-    const std::vector<std::string> pieces = {"% mem 5\n", "% maxcor 2\n", "! hf\n",       "! b3lpy",   ">xyz 0 1\n",
-                                             ">scf\n",    ">sfc\n",       "end\n",        "\n",        " # c\n",
-                                             "# c\n",     " conv 1\n",    " maxcyce 1\n", "H 0 0 1\n", "odd\n",
-                                             ">odd\n",    "%odd\n",       ">\n",          "\r\n",      "END"};
+    const std::vector<std::string> pieces = {"% mem 5\n",
+                                             "% maxcor 2\n",
+                                             "! hf\n",
+                                             "! b3lpy",
+                                             ">xyz 0 1\n",
+                                             ">scf\n",
+                                             ">sfc\n",
+                                             "end\n",
+                                             "\n",
+                                             " # c\n",
+                                             "# c\n",
+                                             " conv 1\n",
+                                             " maxcyce 1\n",
+                                             "H 0 0 1\n",
+                                             "odd\n",
+                                             ">odd\n",
+                                             "%odd\n",
+                                             ">\n",
+                                             "\r\n",
+                                             "END",
+                                             "edn\n",
+                                             "end xyz\n",
+                                             " end # c\n",
+                                             ">end\n",
+                                             ">zmat\n",
+                                             ">scf conv 1 end\n",
+                                             ">scf maxcyc 1\n",
+                                             ">xyz 0,1\n",
+                                             ">xyz\n",
+                                             "0 1\n",
+                                             "%maxcore=5\n",
+                                             "% mem = 5 # c\n",
+                                             " conv = 1;c\n"};
     for (int i = 0; i < 5000; ++i) {
         std::string text;
         for (std::size_t n = random() % 14; n > 0; --n) {

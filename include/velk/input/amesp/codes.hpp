@@ -69,6 +69,7 @@ inline constexpr std::string_view added_end = "amesp-inp.added_end";
 inline constexpr std::string_view bad_header = "amesp-inp.bad_header";
 inline constexpr std::string_view dropped_marker = "amesp-inp.dropped_marker";
 inline constexpr std::string_view dropped_words = "amesp-inp.dropped_words";
+inline constexpr std::string_view equals_in_directive = "amesp-inp.equals_in_directive";
 inline constexpr std::string_view lost_line = "amesp-inp.lost_line";
 inline constexpr std::string_view missing_end = "amesp-inp.missing_end";
 inline constexpr std::string_view misspelt_end = "amesp-inp.misspelt_end";
@@ -77,6 +78,7 @@ inline constexpr std::string_view moved_line = "amesp-inp.moved_line";
 inline constexpr std::string_view one_line_section = "amesp-inp.one_line_section";
 inline constexpr std::string_view other_format = "amesp-inp.other_format";
 inline constexpr std::string_view reads_differently = "amesp-inp.reads_differently";
+inline constexpr std::string_view remark_in_value = "amesp-inp.remark_in_value";
 inline constexpr std::string_view rounded = "amesp-inp.rounded";
 
 }  // namespace inp
