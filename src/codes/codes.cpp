@@ -88,6 +88,11 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "% maxcore 2000  # MB\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "# MB\n% maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "Write the remark on a line of its own; --fix does where the value is wrong by it.", ""},
+    {codes::inp::repeated_name, Severity::warning,
+     "A directive, a token or an entry of a section is given twice, perhaps by another name for the same: only one of "
+     "them can count.",
+     "! hf sto-3g\n>scf\n  maxcyc 50\n  maxiter 100\nend\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "! hf sto-3g\n>scf\n  maxcyc 100\nend\n>xyz 0 1\n  He 0 0 0\nend\n", "Remove the one that is not meant.", ""},
     {codes::inp::rounded, Severity::warning, "Formatting would round coordinates to ten decimals.",
      "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.12345678901\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0.1234567890\nend\n",
      "Leave the file unformatted where more digits matter.", ""},

@@ -10,6 +10,7 @@
 #include "diagnostics/misspelt_end.hpp"
 #include "diagnostics/one_line_section.hpp"
 #include "diagnostics/remark_in_value.hpp"
+#include "diagnostics/repeated_name.hpp"
 
 namespace velk::input::amesp {
 namespace {
@@ -23,6 +24,7 @@ constexpr auto detectors = std::to_array<Detector>({
     find_bad_headers,
     find_equals_in_directives,
     find_remarks_in_values,
+    find_repeated_names,
 });
 
 }  // namespace

@@ -32,7 +32,7 @@ std::string_view between(std::string_view a, std::string_view b) {
 
 // Nothing where there is no '=', or no value after it.
 std::optional<Written> written_with_equals(std::string_view line) {
-    const DirectiveWords words = directive_words(line);
+    const NameAndValue words = directive_words(line);
     const std::size_t in_name = words.name.find('=');
     if (in_name == std::string_view::npos && !words.value.starts_with('=')) {
         return std::nullopt;

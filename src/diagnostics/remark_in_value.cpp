@@ -56,7 +56,7 @@ private:
             const ValueSpec* const value = spec == nullptr ? nullptr : queries::find_entry(*spec, entry.key);
             if (value != nullptr) {
                 const std::size_t line = entry.location->line - 1;
-                look_at(*value, line, entry_value(trim_view(input_.lines.raw(line))),
+                look_at(*value, line, entry_words(trim_view(input_.lines.raw(line))).value,
                         subject_of({.section = &section, .entry = &entry}));
             }
         }

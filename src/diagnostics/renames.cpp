@@ -7,6 +7,7 @@
 #include <velk/input/amesp/schema_tables.hpp>
 
 #include "diagnostics/subjects.hpp"
+#include "diagnostics/value_places.hpp"
 #include "parser/line.hpp"
 
 namespace velk::input::amesp {
@@ -35,11 +36,6 @@ std::string_view word_after_marker(std::string_view line, const SourceLocation& 
 std::string_view token_in(std::string_view line, const SourceLocation& location) {
     const auto begin = static_cast<std::size_t>(location.column - 1);
     return begin <= line.find('!') ? std::string_view() : line.substr(begin, static_cast<std::size_t>(location.length));
-}
-
-std::string_view key_in(std::string_view line) {
-    const std::size_t equals = line.find('=');
-    return equals == std::string_view::npos ? take_word(line) : trim_view(line.substr(0, equals));
 }
 
 }  // namespace
@@ -104,7 +100,7 @@ std::string_view Renames::word_of(const IssueRecords& records) const {
         return token_in(text_.line(records.token->location->line), *records.token->location);
     }
     if (records.entry != nullptr) {
-        return key_in(text_.line(records.entry->location->line));
+        return entry_words(trim_view(text_.line(records.entry->location->line))).name;
     }
     const SourceLocation& location =
         records.directive != nullptr ? *records.directive->location : *records.section->location;

@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "  cause unknown_entry 6:1+6\n  cause unknown_entry 7:1+4\n  cause unknown_entry 8:1+8\n"},
         Case{"WhatIsMissingAllTheSame", "! hf\n>scf\n conv 1\n>scf\n conv 1\nend\n",
              lacks("4:1+4", "2:1+4", "! hf\n>scf\n conv 1\nend\n>scf\n conv 1\nend\n") +
-                 "  cause unknown_entry 4:1+4\n"
+                 "  cause unknown_entry 4:1+4\n  cause repeated_name 5:2+4\n"
                  "error missing_geometry 6:1+3 AMESP input requires one >xyz or >zmat coordinate section.\n"},
         Case{"EveryOne", "! hf\n>scf\n>scf\n>xyz 0 1\n He 0 0 0\n",
              lacks("3:1+4", "2:1+4", "! hf\n>scf\nend\n>scf\n>xyz 0 1\n He 0 0 0\n") +
@@ -146,7 +146,7 @@ INSTANTIATE_TEST_SUITE_P(
              "it.\n  related 5:1+4 the section begins here\n  likely add the missing 'end'\n" +
                  std::string(geometry) +
                  ">scf\n conv 1\nend\n>odd\n conv x\nend\n\n"
-                 "  cause unknown_entry 7:1+4\n"
+                 "  cause unknown_entry 7:1+4\n  cause repeated_name 8:2+4\n"
                  "error invalid_value 8:2+6 entry 'conv' in >scf expects real, got 'x'.\n"},
         Case{"SomewhereBeforeTheEndOfTheText", geometry + std::string(">scf\n conv 1\n%odd 1\n"),
              "error missing_end 7:1+6 Section '>scf' may lack an 'end' before this line, which is read as part of it.\n"

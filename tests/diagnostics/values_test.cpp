@@ -127,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(
         remark("InAMethodLine", "! hf  sto-3g # three words hf\n! ; odd" + geometry.substr(4),
                "warning remark_in_value 1:14+16 The words of the remark are read as method-line tokens", "",
                "  cause unknown_method_token 1:14+1\n  cause unknown_method_token 1:16+5\n"
-               "  cause unknown_method_token 1:22+5\n"
+               "  cause unknown_method_token 1:22+5\n  cause repeated_name 1:28+2\n"
                "warning multiple_method_lines 2:1+0 Multiple AMESP method lines were merged in input order.\n"
                "warning remark_in_value 2:3+5 The words of the remark are read as method-line tokens.\n"
                "  help write the remark on a line of its own\n"

@@ -79,6 +79,7 @@ inline constexpr std::string_view one_line_section = "amesp-inp.one_line_section
 inline constexpr std::string_view other_format = "amesp-inp.other_format";
 inline constexpr std::string_view reads_differently = "amesp-inp.reads_differently";
 inline constexpr std::string_view remark_in_value = "amesp-inp.remark_in_value";
+inline constexpr std::string_view repeated_name = "amesp-inp.repeated_name";
 inline constexpr std::string_view rounded = "amesp-inp.rounded";
 
 }  // namespace inp
