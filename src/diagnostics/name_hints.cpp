@@ -82,22 +82,13 @@ void add_other_kinds(std::vector<std::string>& helps, const InputSchema& schema,
     }
 }
 
-const SectionSpec* section_spec(const InputSchema& schema, std::string_view section) {
-    const auto& sections = schema.tables().sections;
-    const auto found = sections.find(schema.canonical_section(section));
-    return found == sections.end() ? nullptr : &found->second;
-}
-
-// Of each name of an entry the sections in whose tables it stands, in the order of the schema.
+// Of each name of an entry the sections that know it, in the order of the schema.
 StringMap<std::vector<std::string_view>> sections_by_entry(const InputSchema& schema) {
     StringMap<std::vector<std::string_view>> result;
-    for (const auto& [section, unused] : schema.tables().sections) {
-        const SectionSpec* const spec = section_spec(schema, section);
+    for (const auto& [section, spec] : schema.tables().sections) {
         std::vector<std::string> names;
-        if (spec != nullptr) {
-            add_keys(names, spec->entries);
-            add_keys(names, spec->entry_aliases);
-        }
+        add_keys(names, spec.entries);
+        add_keys(names, spec.entry_aliases);
         for (const std::string& name : names) {
             std::vector<std::string_view>& sections = result[name];
             if (sections.empty() || sections.back() != section) {
@@ -140,8 +131,10 @@ NameHints NameHinter::for_section(std::string_view name) {
     return result;
 }
 
+// Entries are read in sections that the schema knows alone.
 NameHints NameHinter::for_entry(std::string_view section, std::string_view name) {
-    NameHints result = hints(near_entries(section_spec(schema_, section)).nearest(name),
+    const SectionSpec& spec = schema_.tables().sections.find(schema_.canonical_section(section))->second;
+    NameHints result = hints(near_entries(spec).nearest(name),
                              [&](std::string_view found) { return schema_.canonical_entry(section, found); });
     if (!sections_by_entry_) {
         sections_by_entry_ = sections_by_entry(schema_);
@@ -151,19 +144,15 @@ NameHints NameHinter::for_entry(std::string_view section, std::string_view name)
         return result;
     }
     for (const std::string_view other : others->second) {
-        if (schema_.is_known_entry(other, name)) {
-            result.helps.push_back("'" + std::string(name) + "' is known as an entry of '>" + std::string(other) + "'");
-        }
+        result.helps.push_back("'" + std::string(name) + "' is known as an entry of '>" + std::string(other) + "'");
     }
     return result;
 }
 
-// Null: a section that the schema does not know, without entries.
-NearNames& NameHinter::near_entries(const SectionSpec* section) {
-    auto found = entries_.find(section);
+NearNames& NameHinter::near_entries(const SectionSpec& section) {
+    auto found = entries_.find(&section);
     if (found == entries_.end()) {
-        NearNames names = section == nullptr ? NearNames({}) : near_keys(section->entries, section->entry_aliases);
-        found = entries_.emplace(section, std::move(names)).first;
+        found = entries_.emplace(&section, near_keys(section.entries, section.entry_aliases)).first;
     }
     return found->second;
 }

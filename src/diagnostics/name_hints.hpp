@@ -33,7 +33,7 @@ public:
     NameHints for_entry(std::string_view section, std::string_view name);
 
 private:
-    NearNames& near_entries(const SectionSpec* section);
+    NearNames& near_entries(const SectionSpec& section);
 
     const InputSchema& schema_;
     std::optional<NearNames> directives_;

@@ -75,7 +75,7 @@ std::string_view Patch::line_end_at(std::size_t slot) const {
 Patch::Last Patch::emit(std::vector<TextEdit>& edits, const Insertion& insertion, const Last& last) const {
     const std::string_view end = line_end_at(insertion.slot);
     const std::size_t offset = lines_.begin_of(insertion.slot);
-    if (edits.empty() || edits.back().offset != offset || edits.back().length != 0) {
+    if (edits.empty() || edits.back().offset != offset) {
         edits.push_back({offset, 0, {}});
     }
     std::string& out = edits.back().text;
@@ -91,9 +91,7 @@ Patch::Last Patch::emit(std::vector<TextEdit>& edits, const Insertion& insertion
 }
 
 Patch::Last Patch::emit_replacement(std::vector<TextEdit>& edits, std::size_t line, const std::string& text) const {
-    if (const std::string_view old = lines_.raw(line); text != old) {
-        edits.push_back(difference(lines_.begin_of(line), old, text));
-    }
+    edits.push_back(difference(lines_.begin_of(line), lines_.raw(line), text));
     return {text, lines_.line_end(line)};
 }
 

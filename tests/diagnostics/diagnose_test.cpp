@@ -213,6 +213,35 @@ TEST(ToDiagnostic, TakesItsPlaceFromTheLocation) {
 TEST(NearNames, NameTheNearestOfAList) {
     EXPECT_EQ(near_names("chek", {"check", "explain"}), "did you mean 'check'?");
     EXPECT_EQ(near_names("nothing", {"check", "explain"}), "");
+    EXPECT_EQ(near_names("cat", {"bat", "hat", "rat", "dog"}), "did you mean 'bat', 'hat' or 'rat'?");
+    EXPECT_EQ(near_names("cat", {"vat", "rat", "hat", "bat"}), "did you mean 'bat', 'hat' or 'rat'?");
+}
+
+// So many that comparing all would take long.
+TEST(NearNamesOfMany, AreFound) {
+    std::vector<std::string> known;
+    for (int i = 0; i < 70000; ++i) {
+        known.push_back("name" + std::to_string(100000 + i));
+    }
+    known.emplace_back("frequency");
+    EXPECT_EQ(near_names("frequnecy", known), "did you mean 'frequency'?");
+    EXPECT_EQ(near_names("frqency", known), "did you mean 'frequency'?");
+    EXPECT_EQ(near_names("nothing", known), "");
+}
+
+TEST(NearNamesOfAKind, AreOneWhereTheyStandForOne) {
+    const InputSchema schema = InputSchema::from_yaml(R"(
+directives: {memory: {aliases: [memor]}}
+method_tokens: {b3lyp: {aliases: [b3-lyp]}}
+sections: {geometry: {aliases: [geometri], parse_mode: raw}}
+)");
+    const Diagnosis diagnosis = diagnose("% memori 1\n! b3_lyp\n>geometrx\nend\n", schema);
+    std::vector<std::string> helps;
+    for (const Diagnostic& diagnostic : diagnosis.diagnostics) {
+        helps.insert(helps.end(), diagnostic.help.begin(), diagnostic.help.end());
+    }
+    EXPECT_EQ(helps, (std::vector<std::string>{"did you mean 'memor' or 'memory'?", "did you mean 'b3-lyp' or 'b3lyp'?",
+                                               "did you mean 'geometri' or 'geometry'?"}));
 }
 
 }  // namespace

@@ -76,6 +76,18 @@ TEST_P(Columns, GoToTheEndOfALineAndNoFurther) {
     EXPECT_EQ(column_to_bytes(c.bytes, most, ColumnUnit::byte), c.bytes.size() + 1);
 }
 
+TEST(ColumnsInBytes, WithinACharacterAreThatOfItsFirstByte) {
+    const std::string line =
+        "a\u00e4\u20ac\U0001F600\x80\xE2\x82"
+        "b";
+    const std::uint64_t expected[] = {1, 2, 2, 4, 4, 4, 7, 7, 7, 7, 11, 12, 13, 14, 15, 15};
+    for (std::uint64_t column = 1; column <= std::size(expected); ++column) {
+        EXPECT_EQ(column_to_bytes(line, column, ColumnUnit::byte), expected[column - 1]) << column;
+        EXPECT_EQ(column_from_bytes(line, column, ColumnUnit::byte), expected[column - 1]) << column;
+    }
+    EXPECT_EQ(column_to_bytes(line, 0, ColumnUnit::byte), 1U);
+}
+
 INSTANTIATE_TEST_SUITE_P(Characters, Columns, testing::ValuesIn(characters),
                          [](const auto& each) { return each.param.name; });
 

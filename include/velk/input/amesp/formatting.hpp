@@ -17,8 +17,8 @@ namespace velk::input::amesp {
 VELK_AMESP_INP_EXPORT std::vector<Diagnostic> canonical_losses(const AIPEditor& editor, std::string_view text,
                                                                std::string_view rendered);
 
-// The same with all that would only be moved, added, dropped or rounded, as warnings. The document must be as it was read
-// from the text.
+// The same with all that would only be moved, added, dropped or rounded, as warnings. The document must be as it was
+// read from the text.
 VELK_AMESP_INP_EXPORT std::vector<Diagnostic> canonical_changes(const AIPEditor& editor, std::string_view text,
                                                                 std::string_view rendered);
 
