@@ -20,6 +20,7 @@ class LineTable {
 public:
     explicit LineTable(std::string_view text);
 
+    std::string_view text() const noexcept { return text_; }
     std::size_t size() const noexcept { return lines_.size(); }
     std::string_view raw(std::size_t line) const { return text_.substr(lines_[line].begin, lines_[line].size); }
     std::string_view line_end(std::size_t line) const;
