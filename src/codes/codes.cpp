@@ -40,6 +40,14 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "a known directive is wrong by it.)",
      "%maxcore=2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "%maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "Write a blank in place of the '='; --fix does.", ""},
+    {codes::inp::lost_atom, Severity::error,
+     "A line of a Cartesian section looks like an atom but is none, so that the molecule lacks it: a coordinate is no "
+     "number, or a column is missing. A typographic minus, a decimal comma, the letters l and O for digits, columns "
+     "without a blank between them and the asterisks of Fortran are told apart; the first two are fixed by --fix, the "
+     "next two by --fix=all where exactly three numbers come out.",
+     "! hf sto-3g\n\n>xyz 0 1\n  H 0,0 0,0 0,0\n  H 0.0 0.0 0.74\nend\n",
+     "! hf sto-3g\n\n>xyz 0 1\n  H 0.0 0.0 0.0\n  H 0.0 0.0 0.74\nend\n",
+     "Write symbol, x, y and z, with blanks between them and points in the numbers.", ""},
     {codes::inp::lost_line, Severity::error,
      "A line is not read as part of the input: it stands outside every section without a mark, or in a Cartesian "
      "section "

@@ -6,6 +6,7 @@
 
 #include "diagnostics/bad_header.hpp"
 #include "diagnostics/equals_in_directive.hpp"
+#include "diagnostics/lost_atoms.hpp"
 #include "diagnostics/missing_end.hpp"
 #include "diagnostics/misspelt_end.hpp"
 #include "diagnostics/one_line_section.hpp"
@@ -22,6 +23,7 @@ constexpr auto detectors = std::to_array<Detector>({
     find_missing_ends,
     find_one_line_sections,
     find_bad_headers,
+    find_lost_atoms,
     find_equals_in_directives,
     find_remarks_in_values,
     find_repeated_names,

@@ -222,10 +222,10 @@ void add_check(CLI::App& verb, Run& run) {
     verb.add_option("--fail-on", options->fail_on, "Findings that make the exit status 1 (default: error)")
         ->check(CLI::IsMember({"error", "warning", "never"}));
     add_color_option(verb, options->color);
-    auto* const fix = verb.add_flag("--fix{certain}", options->fix,
-                                    "Fix the files, then check them: missing ends; with --fix=all also names that are "
-                                    "near to one known name")
-                          ->check(CLI::IsMember({"certain", "all"}));
+    auto* const fix =
+        verb.add_flag("--fix{certain}", options->fix,
+                      "Fix the files, then check them: what is certain; with --fix=all also what is likely")
+            ->check(CLI::IsMember({"certain", "all"}));
     add_diff_option(verb, options->diff,
                     "Print the fixes, for patch -p1, and write nothing; findings go to standard error")
         ->needs(fix)
