@@ -84,6 +84,13 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "No line of a text that shall be formatted begins with '%', '!' or '>': it is no AMESP input, and is refused.",
      "Dear all,\n\n\nthe job has ended.\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
      "See whether this is the right file; --force formats it.", ""},
+    {codes::inp::pasted_xyz, Severity::error,
+     "A Cartesian section begins with the number of atoms, as an XYZ file does, and mostly with its title, which may "
+     "even "
+     "be read as an atom. --fix makes comments of them.",
+     "! hf sto-3g\n\n>xyz 0 1\n1\nhelium, from a file\nHe 0.0 0.0 0.0\nend\n",
+     "! hf sto-3g\n\n>xyz 0 1\n# helium, from a file\nHe 0.0 0.0 0.0\nend\n",
+     "Remove both lines, or make them comments with '#'.", ""},
     {codes::inp::reads_differently, Severity::error,
      "The canonical text would be read back as something else: a value that holds '=', a key that holds a blank, an "
      "entry named 'end'. The file is refused.",

@@ -10,6 +10,7 @@
 #include "diagnostics/missing_end.hpp"
 #include "diagnostics/misspelt_end.hpp"
 #include "diagnostics/one_line_section.hpp"
+#include "diagnostics/pasted_xyz.hpp"
 #include "diagnostics/remark_in_value.hpp"
 #include "diagnostics/repeated_name.hpp"
 
@@ -22,6 +23,7 @@ constexpr auto detectors = std::to_array<Detector>({
     find_misspelt_ends,
     find_missing_ends,
     find_one_line_sections,
+    find_pasted_xyz,
     find_bad_headers,
     find_lost_atoms,
     find_equals_in_directives,

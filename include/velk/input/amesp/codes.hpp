@@ -78,6 +78,7 @@ inline constexpr std::string_view moved_blank_lines = "amesp-inp.moved_blank_lin
 inline constexpr std::string_view moved_line = "amesp-inp.moved_line";
 inline constexpr std::string_view one_line_section = "amesp-inp.one_line_section";
 inline constexpr std::string_view other_format = "amesp-inp.other_format";
+inline constexpr std::string_view pasted_xyz = "amesp-inp.pasted_xyz";
 inline constexpr std::string_view reads_differently = "amesp-inp.reads_differently";
 inline constexpr std::string_view remark_in_value = "amesp-inp.remark_in_value";
 inline constexpr std::string_view repeated_name = "amesp-inp.repeated_name";
