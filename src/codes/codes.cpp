@@ -40,6 +40,13 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "a known directive is wrong by it.)",
      "%maxcore=2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "%maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "Write a blank in place of the '='; --fix does.", ""},
+    {codes::inp::invisible_character, Severity::error,
+     "A character is not what it seems: a byte-order mark, a no-break, zero-width or ideographic space, a full-width "
+     "form of a mark or a digit, or one that changes the direction of writing. To the format it is part of a word. (A "
+     "warning in values and in names that the schema does not know; of comments only changes of direction are found.) "
+     "--fix writes the plain character, --fix=all also in values.",
+     "! hf\u00a0sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Type the character anew, in an editor for plain text.", ""},
     {codes::inp::lost_atom, Severity::error,
      "A line of a Cartesian section looks like an atom but is none, so that the molecule lacks it: a coordinate is no "
      "number, or a column is missing. A typographic minus, a decimal comma, the letters l and O for digits, columns "

@@ -6,6 +6,7 @@
 
 #include "diagnostics/bad_header.hpp"
 #include "diagnostics/equals_in_directive.hpp"
+#include "diagnostics/invisible_characters.hpp"
 #include "diagnostics/lost_atoms.hpp"
 #include "diagnostics/missing_end.hpp"
 #include "diagnostics/misspelt_end.hpp"
@@ -20,6 +21,7 @@ namespace {
 using Detector = Detections (*)(const DetectorInput&);
 
 constexpr auto detectors = std::to_array<Detector>({
+    find_invisible_characters,
     find_misspelt_ends,
     find_missing_ends,
     find_one_line_sections,

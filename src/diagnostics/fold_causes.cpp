@@ -90,8 +90,9 @@ private:
         if (is_of_its_place && !open_.empty() && open_.begin()->first < rank) {
             return unless_graver(i, open_.begin()->first);
         }
-        const auto explained = rank == count_ ? explained_.find(all_[i].code) : explained_.end();
-        return explained == explained_.end() ? std::nullopt : unless_graver(i, explained->second);
+        const auto explained = explained_.find(all_[i].code);
+        const bool is_explained = explained != explained_.end() && explained->second < rank;
+        return is_explained ? unless_graver(i, explained->second) : std::nullopt;
     }
 
     // Findings count by their cause: an error does not go down in a warning.

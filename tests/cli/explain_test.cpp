@@ -39,9 +39,9 @@ TEST(Explain, ListsEveryCodeOnce) {
         listed_codes(),
         testing::ElementsAre(
             "amesp-inp.added_end", "amesp-inp.bad_header", "amesp-inp.dropped_marker", "amesp-inp.dropped_words",
-            "amesp-inp.equals_in_directive", "amesp-inp.lost_atom", "amesp-inp.lost_line", "amesp-inp.missing_end",
-            "amesp-inp.misspelt_end", "amesp-inp.moved_blank_lines", "amesp-inp.moved_line",
-            "amesp-inp.one_line_section", "amesp-inp.other_format", "amesp-inp.pasted_xyz",
+            "amesp-inp.equals_in_directive", "amesp-inp.invisible_character", "amesp-inp.lost_atom",
+            "amesp-inp.lost_line", "amesp-inp.missing_end", "amesp-inp.misspelt_end", "amesp-inp.moved_blank_lines",
+            "amesp-inp.moved_line", "amesp-inp.one_line_section", "amesp-inp.other_format", "amesp-inp.pasted_xyz",
             "amesp-inp.reads_differently", "amesp-inp.remark_in_value", "amesp-inp.repeated_name", "amesp-inp.rounded",
             "amesp.dropped_words", "amesp.duplicate_section", "amesp.empty_directive", "amesp.empty_geometry",
             "amesp.empty_method_line", "amesp.empty_section_header", "amesp.invalid_multiplicity",

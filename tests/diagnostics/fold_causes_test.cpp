@@ -93,7 +93,8 @@ TEST(FoldCauses, TakesWhatADetectionExplainsWhereverItStands) {
                      {finding("m", 90), finding("n", 1), finding("o", 2), finding("p", 3)}),
               "d(n m) e(o) p");
     EXPECT_EQ(folded({detection("d", 5, {}, {"m"}), detection("e", 0, {{80, 20}})}, {finding("m", 90)}), "d e(m)");
-    EXPECT_EQ(folded({detection("d", 5, {}, {"e"}), detection("e", 0, {})}, {}), "d e");
+    EXPECT_EQ(folded({detection("d", 5, {}, {"e"}), detection("e", 0, {})}, {}), "d(e)");
+    EXPECT_EQ(folded({detection("d", 5, {}), detection("e", 0, {}, {"d", "e"})}, {}), "d e");
 }
 
 }  // namespace
