@@ -40,6 +40,16 @@ constexpr auto code_table = std::to_array<CodeInfo>({
      "a known directive is wrong by it.)",
      "%maxcore=2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n",
      "%maxcore 2000\n! hf sto-3g\n>xyz 0 1\n  He 0 0 0\nend\n", "Write a blank in place of the '='; --fix does.", ""},
+    {codes::inp::extra_words, Severity::warning,
+     "Words that nothing reads: after charge and multiplicity, after the name in the header of a section of entries, "
+     "or "
+     "after the coordinates of an atom. (A note after coordinates, but a warning where the next word is a number, "
+     "since "
+     "then a number may stand before them; an error where the header names another unit than angstrom, or where a "
+     "title "
+     "is read as an atom.)",
+     "! hf sto-3g\n\n>xyz 0 1 singlet\n  He 0 0 0\nend\n", "! hf sto-3g\n\n>xyz 0 1\n  He 0 0 0\nend\n",
+     "Remove the words, or make a comment of them with '#' on a line of its own; convert coordinates to angstrom.", ""},
     {codes::inp::invisible_character, Severity::error,
      "A character is not what it seems: a byte-order mark, a no-break, zero-width or ideographic space, a full-width "
      "form of a mark or a digit, or one that changes the direction of writing. To the format it is part of a word. (A "

@@ -6,6 +6,7 @@
 
 #include "diagnostics/bad_header.hpp"
 #include "diagnostics/equals_in_directive.hpp"
+#include "diagnostics/extra_words.hpp"
 #include "diagnostics/invisible_characters.hpp"
 #include "diagnostics/lost_atoms.hpp"
 #include "diagnostics/missing_end.hpp"
@@ -28,6 +29,7 @@ constexpr auto detectors = std::to_array<Detector>({
     find_pasted_xyz,
     find_bad_headers,
     find_lost_atoms,
+    find_extra_words,
     find_equals_in_directives,
     find_remarks_in_values,
     find_repeated_names,

@@ -82,7 +82,6 @@ INSTANTIATE_TEST_SUITE_P(
                     entries("AboveOthers", " > scf  maxcyc 100 \r\n conv 1\r\nend\r\n", "5:9+10",
                             " > scf\r\n   maxcyc 100 \r\n conv 1\r\nend\r\n"),
                     entries("WithAnEndInVain", ">scf conv= 1 end\nend\n", "5:6+11", ">scf\n  conv= 1\nend\n"),
-                    right("NoKnownName", geometry + ">scf tight maxcyc 5\nend\n"),
                     right("NoWords", geometry + ">scf\nend\n"),
                     right("OtherSections", geometry + ">once maxcyc 100 end\nend\n")),
     [](const auto& each) { return each.param.name; });

@@ -69,7 +69,8 @@ Diagnosis checked(const Input& input, const SchemaSource& schema, const FileChec
 
 void count(const std::vector<Diagnostic>& diagnostics, FileReport& report) {
     for (const Diagnostic& diagnostic : diagnostics) {
-        ++(diagnostic.severity == Severity::error ? report.errors : report.warnings);
+        report.errors += diagnostic.severity == Severity::error ? 1 : 0;
+        report.warnings += diagnostic.severity == Severity::warning ? 1 : 0;
     }
 }
 

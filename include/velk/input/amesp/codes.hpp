@@ -70,6 +70,7 @@ inline constexpr std::string_view bad_header = "amesp-inp.bad_header";
 inline constexpr std::string_view dropped_marker = "amesp-inp.dropped_marker";
 inline constexpr std::string_view dropped_words = "amesp-inp.dropped_words";
 inline constexpr std::string_view equals_in_directive = "amesp-inp.equals_in_directive";
+inline constexpr std::string_view extra_words = "amesp-inp.extra_words";
 inline constexpr std::string_view invisible_character = "amesp-inp.invisible_character";
 inline constexpr std::string_view lost_atom = "amesp-inp.lost_atom";
 inline constexpr std::string_view lost_line = "amesp-inp.lost_line";
