@@ -24,9 +24,9 @@ struct Word {
     std::string_view text;
 };
 
-class Finder {
+class RepeatFinder {
 public:
-    explicit Finder(const DetectorInput& input) : input_(input) {}
+    explicit RepeatFinder(const DetectorInput& input) : input_(input) {}
 
     Detections run() {
         for (const Directive& directive : input_.document.directives) {
@@ -85,7 +85,7 @@ private:
 }  // namespace
 
 Detections find_repeated_names(const DetectorInput& input) {
-    return Finder(input).run();
+    return RepeatFinder(input).run();
 }
 
 }  // namespace velk::input::amesp
