@@ -18,6 +18,7 @@
 #include "diagnostics/renames.hpp"
 #include "diagnostics/subjects.hpp"
 #include "diagnostics/value_hints.hpp"
+#include "diagnostics/value_places.hpp"
 #include "parser/line.hpp"
 #include "parser/reader.hpp"
 #include "validation/document_check.hpp"
@@ -135,9 +136,23 @@ private:
         found_.push_back(std::move(diagnostic));
     }
 
+    // The line, where there is no value to mark.
+    TextRange range_of_value(const RuleFinding& finding) const {
+        const std::uint64_t number = finding.issue.location->line;
+        const std::string_view raw = text_.line(number);
+        const std::string_view line = core::text::trim_view(raw);
+        const NameAndValue words = finding.records.entry != nullptr ? entry_words(line) : directive_words(line);
+        if (words.value.empty()) {
+            return range_of(text_, *finding.issue.location);
+        }
+        const auto column = static_cast<std::uint64_t>(words.value.data() - raw.data()) + 1;
+        return range_of(text_, {number, column, words.value.size()});
+    }
+
     TextRange place_of(const RuleFinding& finding) const {
         if (finding.issue.location) {
-            return range_of(text_, *finding.issue.location);
+            return finding.records.value != nullptr ? range_of_value(finding)
+                                                    : range_of(text_, *finding.issue.location);
         }
         if (finding.records.section != nullptr) {
             return range_of(text_, *finding.records.section->location);

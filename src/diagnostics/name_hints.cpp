@@ -6,6 +6,9 @@
 
 #include <velk/input/amesp/diagnostics.hpp>
 
+#include "diagnostics/slips.hpp"
+#include "diagnostics/token_kinds.hpp"
+
 namespace velk::input::amesp {
 namespace {
 
@@ -54,7 +57,7 @@ std::string question(const std::vector<std::string_view>& names) {
 
 // `canonical` gives the name that a spelling stands for.
 template <class Canonical>
-NameHints hints(const std::vector<std::string_view>& found, Canonical canonical) {
+NameHints hints(std::string_view typed, const std::vector<std::string_view>& found, Canonical canonical) {
     if (found.empty()) {
         return {};
     }
@@ -64,7 +67,29 @@ NameHints hints(const std::vector<std::string_view>& found, Canonical canonical)
     const std::string name = canonical(found.front());
     const bool is_one_name =
         std::all_of(found.begin(), found.end(), [&](std::string_view spelling) { return canonical(spelling) == name; });
-    return {{question(found)}, is_one_name ? name : std::string()};
+    const auto slip = std::find_if(found.begin(), found.end(),
+                                   [&](std::string_view spelling) { return is_one_slip(typed, spelling); });
+    return {{question(found)}, is_one_name && slip != found.end() ? std::string(*slip) : std::string()};
+}
+
+// Of names that differ by more than a slip of letters within them, each means another calculation, and none is
+// proposed.
+bool is_another_calculation(const InputSchema& schema, std::string_view name, std::string_view known) {
+    const bool has_suffix = known.starts_with(name) || name.starts_with(known);
+    return !kind_of_calculation(schema, known).empty() && (has_suffix || !is_one_slip(name, known));
+}
+
+NameHints hints_of_tokens(const InputSchema& schema, std::string_view name, std::vector<std::string_view> found) {
+    const auto others = std::stable_partition(found.begin(), found.end(), [&](std::string_view known) {
+        return !is_another_calculation(schema, name, known);
+    });
+    if (others == found.begin() && others != found.end()) {
+        const std::string near(found.front());
+        const std::string kind(kind_of_calculation(schema, near));
+        return {{"not in the schema; near: " + near + ", a different " + kind}, {}};
+    }
+    found.erase(others, found.end());
+    return hints(name, found, [&](std::string_view known) { return schema.canonical_method_token(known); });
 }
 
 enum class Kind { directive, token, section };
@@ -105,8 +130,8 @@ NameHints NameHinter::for_directive(std::string_view name) {
     if (!directives_) {
         directives_ = near_keys(schema_.tables().directives, schema_.tables().directive_aliases);
     }
-    NameHints result =
-        hints(directives_->nearest(name), [&](std::string_view found) { return schema_.canonical_directive(found); });
+    NameHints result = hints(name, directives_->nearest(name),
+                             [&](std::string_view found) { return schema_.canonical_directive(found); });
     add_other_kinds(result.helps, schema_, name, Kind::directive);
     return result;
 }
@@ -115,8 +140,7 @@ NameHints NameHinter::for_token(std::string_view name) {
     if (!tokens_) {
         tokens_ = near_tokens(schema_.tables());
     }
-    NameHints result =
-        hints(tokens_->nearest(name), [&](std::string_view found) { return schema_.canonical_method_token(found); });
+    NameHints result = hints_of_tokens(schema_, name, tokens_->nearest(name));
     add_other_kinds(result.helps, schema_, name, Kind::token);
     return result;
 }
@@ -126,7 +150,7 @@ NameHints NameHinter::for_section(std::string_view name) {
         sections_ = near_keys(schema_.tables().sections, schema_.tables().section_aliases);
     }
     NameHints result =
-        hints(sections_->nearest(name), [&](std::string_view found) { return schema_.canonical_section(found); });
+        hints(name, sections_->nearest(name), [&](std::string_view found) { return schema_.canonical_section(found); });
     add_other_kinds(result.helps, schema_, name, Kind::section);
     return result;
 }
@@ -134,7 +158,7 @@ NameHints NameHinter::for_section(std::string_view name) {
 // Entries are read in sections that the schema knows alone.
 NameHints NameHinter::for_entry(std::string_view section, std::string_view name) {
     const SectionSpec& spec = schema_.tables().sections.find(schema_.canonical_section(section))->second;
-    NameHints result = hints(near_entries(spec).nearest(name),
+    NameHints result = hints(name, near_entries(spec).nearest(name),
                              [&](std::string_view found) { return schema_.canonical_entry(section, found); });
     if (!sections_by_entry_) {
         sections_by_entry_ = sections_by_entry(schema_);

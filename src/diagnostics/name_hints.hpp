@@ -17,7 +17,8 @@ struct NameHints {
     // Texts of `help:` lines: the nearest names of the right kind, aliases and prefixed tokens included, and what else
     // the name is known as.
     std::vector<std::string> helps;
-    // The nearest name when there is one alone, or several spellings of one; else empty.
+    // The nearest name when there is one alone; of several spellings of one name that which a slip parts from it; else
+    // empty.
     std::string suggestion;
 };
 

@@ -6,8 +6,11 @@
 #include <velk/core/text_view.hpp>
 #include <velk/input/amesp/schema_tables.hpp>
 
+#include "diagnostics/slips.hpp"
 #include "diagnostics/subjects.hpp"
+#include "diagnostics/token_kinds.hpp"
 #include "diagnostics/value_places.hpp"
+#include "model/key.hpp"
 #include "parser/line.hpp"
 
 namespace velk::input::amesp {
@@ -42,7 +45,7 @@ std::string_view token_in(std::string_view line, const SourceLocation& location)
 
 std::optional<Fix> Renames::fix(const IssueRecords& records, const std::string& name) {
     const std::string_view word = word_of(records);
-    if (!is_plain(name) || word.empty()) {
+    if (!is_plain(name) || !is_one_slip(normalize_key(word), name) || changes_more(records, name)) {
         return std::nullopt;
     }
     if (!is_filled_) {
@@ -55,6 +58,14 @@ std::optional<Fix> Renames::fix(const IssueRecords& records, const std::string& 
     const auto offset = static_cast<std::uint64_t>(word.data() - text_.text().data());
     return Fix{
         "change '" + std::string(word) + "' to '" + name + "'", Applicability::likely, {{offset, word.size(), name}}};
+}
+
+// Whether the calculation would be another one, or a value that the name does not take would be read.
+bool Renames::changes_more(const IssueRecords& records, const std::string& name) const {
+    if (records.token != nullptr) {
+        return !kind_of_calculation(schema_, name).empty();
+    }
+    return records.directive != nullptr && records.directive->value.starts_with('=');
 }
 
 void Renames::take_names_of_document() {

@@ -28,6 +28,7 @@ private:
     // Kind, line of the section around an entry, canonical name. Ordered: an input cannot aim at its cost.
     using Key = std::array<std::string, 3>;
 
+    bool changes_more(const IssueRecords& records, const std::string& name) const;
     void take_names_of_document();
     bool takes(const IssueRecords& records, const std::string& name);
     bool may_repeat(const std::string& section) const;

@@ -25,9 +25,9 @@ TEST(Check, PrintsFindingsInTheCompilersFormat) {
     const ProgramRun run = check_text("% maxcore lots\n\n\n! b3lpy def2-svp\n>xyz 0 1\nH 0 0 0\nend\n");
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out,
-              "water.inp:1:1: error: directive '% maxcore' expects integer, got 'lots'. [amesp.invalid_value]\n"
+              "water.inp:1:11: error: directive '% maxcore' expects integer, got 'lots'. [amesp.invalid_value]\n"
               "    1 | % maxcore lots\n"
-              "      | ^~~~~~~~~~~~~~\n"
+              "      |           ^~~~\n"
               "water.inp:4:3: warning: Unknown AMESP method-line token 'b3lpy' was preserved. "
               "[amesp.unknown_method_token]\n"
               "    4 | ! b3lpy def2-svp\n"
@@ -217,7 +217,7 @@ TEST(Check, IsQuietOnStandardErrorWhenAsked) {
 TEST(Check, KeepsControlBytesFromTheTerminalAndAlignsTabs) {
     const std::string out = check_text("\t% maxcore \x1b[31m\x07\n" + good).out;
     EXPECT_EQ(out.find('\x1b'), std::string::npos);
-    EXPECT_THAT(out, HasSubstr("    1 | \t% maxcore ?[31m?\n      | \t^~~~"));
+    EXPECT_THAT(out, HasSubstr("    1 | \t% maxcore ?[31m?\n      | \t          ^~~~"));
 }
 
 TEST(Check, MarksCharactersAndNotTheirBytes) {

@@ -109,29 +109,73 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& each) { return each.param.name; });
 
 TEST(DiagnoseNames, AreFixedWhereTheyStand) {
-    const Diagnosis token = diagnose("!  UB3LPY sto-3g\n>xyz 0 1\n He 0 0 0\nend\n", small_schema());
-    EXPECT_EQ(only(token).subject, (Subject{"token", "", "ub3lpy"}));
-    EXPECT_EQ(only(token).fixes.at(0).edits, (std::vector<TextEdit>{{3, 6, "ub3lyp"}}));
-    EXPECT_EQ(only(token).fixes.at(0).title, "change 'UB3LPY' to 'ub3lyp'");
+    const Diagnosis token = diagnose("! hf  OTP\n>xyz 0 1\n He 0 0 0\nend\n", small_schema());
+    EXPECT_EQ(only(token).subject, (Subject{"token", "", "otp"}));
+    EXPECT_EQ(only(token).fixes.at(0).edits, (std::vector<TextEdit>{{6, 3, "opt"}}));
+    EXPECT_EQ(only(token).fixes.at(0).title, "change 'OTP' to 'opt'");
 
     const Diagnosis section = diagnose("! hf\n>xyz 0 1\n He 0 0 0\nend\n  > SFC x\nend\n", small_schema());
     EXPECT_EQ(only(section).subject, (Subject{"section", "", "sfc"}));
     EXPECT_EQ(only(section).fixes.at(0).edits, (std::vector<TextEdit>{{32, 3, "scf"}}));
 
     const std::string head = "! hf\n>xyz 0 1\n He 0 0 0\nend\n>scf\n";
-    const Diagnosis words = diagnose(head + "  maxcyce 5\nend\n", small_schema());
-    EXPECT_EQ(only(words).subject, (Subject{"entry", "scf", "maxcyce"}));
+    const Diagnosis words = diagnose(head + "  maxcycc 5\nend\n", small_schema());
+    EXPECT_EQ(only(words).subject, (Subject{"entry", "scf", "maxcycc"}));
     EXPECT_EQ(only(words).fixes.at(0).edits, (std::vector<TextEdit>{{head.size() + 2, 7, "maxcyc"}}));
 
-    const Diagnosis equals = diagnose(head + "  maxcyce= 5\nend\n", small_schema());
+    const Diagnosis equals = diagnose(head + "  maxcycc= 5\nend\n", small_schema());
     EXPECT_EQ(only(equals).fixes.at(0).edits, (std::vector<TextEdit>{{head.size() + 2, 7, "maxcyc"}}));
+}
+
+TEST(DiagnoseNames, OfAnotherCalculationAreNeitherGivenNorProposed) {
+    const auto hints = [](const std::string& word) {
+        const Diagnosis diagnosis = diagnose("! opt " + word + "\n>xyz 0 1\n He 0 0 0\nend\n", small_schema());
+        EXPECT_THAT(only(diagnosis).fixes, IsEmpty()) << word;
+        return only(diagnosis).help;
+    };
+    using List = std::vector<std::string>;
+    EXPECT_EQ(hints("b3lpy"), List{"did you mean 'b3lyp'?"});
+    EXPECT_EQ(hints("ub3lpy"), List{"did you mean 'ub3lyp'?"});
+    EXPECT_EQ(hints("b2lyp"), List{"not in the schema; near: b3lyp, a different functional"});
+    EXPECT_EQ(hints("b3ly"), List{"not in the schema; near: b3lyp, a different functional"});
+    EXPECT_EQ(hints("b3lypp"), List{"not in the schema; near: b3lyp, a different functional"});
+    EXPECT_EQ(hints("sto-6g"), List{"not in the schema; near: sto-3g, a different basis set"});
+    EXPECT_EQ(hints("d4bj"), List{"not in the schema; near: d3bj, a different dispersion correction"});
+    const SchemaSource both = InputSchema::from_yaml(
+        "method_tokens: {opt: {category: task}, op5: {category: method}, aux: {category: auxiliary_basis}}\n"
+        "sections: {xyz: {parse_mode: xyz}}\n");
+    EXPECT_EQ(only(diagnose("! op\n>xyz 0 1\n He 0 0 0\nend\n", both)).help, List{"did you mean 'opt'?"});
+    EXPECT_EQ(only(diagnose("! auxx\n>xyz 0 1\n He 0 0 0\nend\n", both)).help,
+              List{"not in the schema; near: aux, a different basis set"});
+}
+
+TEST(DiagnoseNames, AreGivenOnlyForASlipOfLettersAndAsTheHintHasThem) {
+    const std::string rest = "\n! hf\n>xyz 0 1\n He 0 0 0\nend\n";
+    EXPECT_THAT(only(diagnose("% maxcorre 1" + rest, small_schema())).fixes, testing::SizeIs(1));
+    EXPECT_THAT(only(diagnose("% maxcored 1" + rest, small_schema())).fixes, IsEmpty());
+    EXPECT_THAT(only(diagnose("% maxcor = 1" + rest, small_schema())).fixes, IsEmpty());
+    const SchemaSource schema = InputSchema::from_yaml(
+        "directives: {zname: {aliases: [aname]}}\nmethod_tokens: {hf: {}}\nsections: {xyz: {parse_mode: xyz}}\n");
+    const Diagnosis diagnosis = diagnose("% bname 1" + rest, schema);
+    EXPECT_EQ(only(diagnosis).help.at(0), "did you mean 'aname' or 'zname'?");
+    EXPECT_EQ(only(diagnosis).fixes.at(0).title, "change 'bname' to 'aname'");
+}
+
+TEST(DiagnoseValues, AreMarkedAlone) {
+    const std::string rest = "! hf\n>xyz 0 1\n He 0 0 0\nend\n";
+    const auto places = [&](const std::string& text) { return places_in(diagnose(text + rest, small_schema())); };
+    EXPECT_THAT(places("  % maxcore   0 \n"), ElementsAre("1:15+1 amesp.value_below_minimum"));
+    EXPECT_THAT(places("% mem 11\n"), ElementsAre("1:7+2 amesp.value_above_maximum"));
+    EXPECT_THAT(places("% maxcore\n"), ElementsAre("1:1+9 amesp.invalid_value"));
+    EXPECT_THAT(places(">scf\n\tconv = a b\n maxcyc x\nend\n"),
+                ElementsAre("2:9+3 amesp.invalid_value", "3:9+1 amesp.invalid_value"));
 }
 
 TEST(DiagnoseNames, AreNotGivenTwice) {
     const std::string geometry = ">xyz 0 1\n He 0 0 0\nend\n";
-    for (const std::string& text : {"% maxcore 1\n% maxcor 2\n! hf\n" + geometry, "! hf hff\n" + geometry,
+    for (const std::string& text : {"% maxcore 1\n% maxcor 2\n! hf\n" + geometry, "! hf opt otp\n" + geometry,
                                     "! hf\n" + geometry + ">once\nend\n>onec\nend\n",
-                                    "! hf\n" + geometry + ">scf\n maxcyce 1\n maxiter 2\nend\n"}) {
+                                    "! hf\n" + geometry + ">scf\n maxcycc 1\n maxiter 2\nend\n"}) {
         EXPECT_THAT(only(diagnose(text, small_schema())).fixes, IsEmpty()) << text;
     }
     // A section that may repeat is given its name all the same.

@@ -21,6 +21,8 @@ method_tokens:
   hf: {category: method}
   b3lyp: {category: method, aliases: b3-lyp}
   sto-3g: {category: basis}
+  d3bj: {category: dispersion}
+  opt: {category: task, aliases: optimise}
 method_prefixes:
   u: {}
 sections:

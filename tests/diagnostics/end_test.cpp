@@ -147,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(
                  std::string(geometry) +
                  ">scf\n conv 1\nend\n>odd\n conv x\nend\n\n"
                  "  cause unknown_entry 7:1+4\n  cause repeated_name 8:2+4\n"
-                 "error invalid_value 8:2+6 entry 'conv' in >scf expects real, got 'x'.\n"},
+                 "error invalid_value 8:7+1 entry 'conv' in >scf expects real, got 'x'.\n"},
         Case{"SomewhereBeforeTheEndOfTheText", geometry + std::string(">scf\n conv 1\n%odd 1\n"),
              "error missing_end 7:1+6 Section '>scf' may lack an 'end' before this line, which is read as part of it.\n"
              "  related 5:1+4 the section begins here\n  likely add the missing 'end'\n" +

@@ -21,7 +21,7 @@ TEST(FixAll, LeavesATextAsItIsThatNeedsNoFix) {
 }
 
 TEST(FixAll, MakesCertainFixesAloneUnlessToldOtherwise) {
-    const std::string text = "! hff\n% maxcor 5\n>xyz 0 1\n He 0 0 0\n";
+    const std::string text = "! optt\n% maxcor 5\n>xyz 0 1\n He 0 0 0\n";
     const FixResult certain = fix_all(text, small_schema());
     EXPECT_EQ(certain.text, text + "end\n");
     EXPECT_EQ(certain.edits, (std::vector<TextEdit>{{text.size(), 0, "end\n"}}));
@@ -33,7 +33,7 @@ TEST(FixAll, MakesCertainFixesAloneUnlessToldOtherwise) {
     EXPECT_EQ(certain.remaining.diagnostics.size(), 2U);
 
     const FixResult likely = fix_all(text, small_schema(), Applicability::likely);
-    EXPECT_EQ(likely.text, "! hf\n% maxcore 5\n>xyz 0 1\n He 0 0 0\nend\n");
+    EXPECT_EQ(likely.text, "! opt\n% maxcore 5\n>xyz 0 1\n He 0 0 0\nend\n");
     EXPECT_EQ(apply(text, likely.edits), likely.text);
     ASSERT_EQ(likely.applied.size(), 3U);
     for (const Diagnostic& applied : likely.applied) {
@@ -43,7 +43,7 @@ TEST(FixAll, MakesCertainFixesAloneUnlessToldOtherwise) {
 }
 
 TEST(FixAll, FixesWhatOnlyAFixBringsToLight) {
-    const std::string text = "! hf\n>sfc\n maxcyce 5\n>xyz 0 1\n He 0 0 0\n";
+    const std::string text = "! hf\n>sfc\n maxcycc 5\n>xyz 0 1\n He 0 0 0\n";
     const FixResult result = fix_all(text, small_schema(), Applicability::likely);
     EXPECT_EQ(result.text, "! hf\n>scf\n maxcyc 5\nend\n>xyz 0 1\n He 0 0 0\nend\n");
     EXPECT_EQ(apply(text, result.edits), result.text);
@@ -69,7 +69,7 @@ TEST(FixAll, ItsEditsGiveItsTextAndASecondRunChangesNothing) {
     const std::vector<std::string> pieces = {"% mem 5\n",
                                              "% maxcor 2\n",
                                              "! hf\n",
-                                             "! b3lpy",
+                                             "! otp",
                                              ">xyz 0 1\n",
                                              ">scf\n",
                                              ">sfc\n",
@@ -78,7 +78,7 @@ TEST(FixAll, ItsEditsGiveItsTextAndASecondRunChangesNothing) {
                                              " # c\n",
                                              "# c\n",
                                              " conv 1\n",
-                                             " maxcyce 1\n",
+                                             " maxcycc 1\n",
                                              "H 0 0 1\n",
                                              "odd\n",
                                              ">odd\n",

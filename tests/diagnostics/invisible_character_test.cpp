@@ -158,11 +158,11 @@ INSTANTIATE_TEST_SUITE_P(
              "  likely write plain characters: % maxcore \uff15\uff10\u3000| -> % maxcore 50 |\n"
              "  cause error amesp.invalid_value 2\n"},
         Case{"InAValue", "! hf\n% none \u00a0\n" + std::string(geometry),
-             "error amesp.invalid_value 2:1+9 '% none \u00a0' directive '% none' expects enum, got '\u00a0'.\n"
-             "  help the schema allows no value at all\n"
              "warning amesp-inp.invisible_character 2:8+2 '\u00a0' U+00A0 (no-break space) in '<U+00A0>' is no blank "
              "to the format: write a blank\n"
-             "  likely write plain characters: % none \u00a0| -> % none  |\n"},
+             "  likely write plain characters: % none \u00a0| -> % none  |\n"
+             "error amesp.invalid_value 2:8+2 '\u00a0' directive '% none' expects enum, got '\u00a0'.\n"
+             "  help the schema allows no value at all\n"},
         Case{"InTwoWordsOfAMethodLine", "! hf\u00a0odd b3lyp x\u00a0y\u00a0z\n" + std::string(geometry),
              "error amesp-inp.invisible_character 1:5+2 '\u00a0' U+00A0 (no-break space) in 'hf<U+00A0>odd' is no "
              "blank to the format: write a blank\n"
@@ -269,7 +269,7 @@ INSTANTIATE_TEST_SUITE_P(
              "cannot be seen, but is read: remove it (and 1 more in this line)\n"
              "  certain write plain characters: // \u202eb \u2069| -> // b |\n"},
         Case{"InALongWord", "! hf\n% none " + std::string(40, 'x') + "\u00a0" + std::string(40, 'y') + "\n" + geometry,
-             "error amesp.invalid_value 2:1+89 '% none "
+             "error amesp.invalid_value 2:8+82 '"
              "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx\u00a0yyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyy' directive '% "
              "none' expects enum, got "
              "'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx\u00a0yyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyy'.\n"

@@ -104,7 +104,8 @@ INSTANTIATE_TEST_SUITE_P(
         same("DirectiveBetweenEntriesWithoutEnd", ">scf\n  maxcyc 50\n%mem 5\n  conv 1e-6\n"),
         // Names.
         only_all("Directive", "%  maxcor   2000 \n", "%  maxcore   2000 \n"),
-        only_all("Token", "!  HF\tsto-3gg  opt\n", "!  HF\tsto-3g  opt\n"),
+        only_all("Token", "!  HF\tsto-3g  otp\n", "!  HF\tsto-3g  opt\n"),
+        same("TokenOfAnotherCalculation", "! b3lpy sto-3gg d3jb\n"),
         only_all("Section", ">sfc  \n  a b\nend\n", ">scf  \n  a b\nend\n"),
         only_all("Entry", ">scf\n  MaxCycc = 50 \nend\n", ">scf\n  maxcyc = 50 \nend\n"),
         only_all("EntryOfAMisspeltSection", ">sfc\n  maxcycc 50\nend\n", ">scf\n  maxcyc 50\nend\n"),
@@ -135,7 +136,7 @@ TEST(FixedFiles, AreCheckedAgain) {
     write_file(dir / "a.inp", "% maxcore lots\n" + std::string(open_end));
     const ProgramRun run = run_edit({"check", "--fix", "a.inp"}, {.directory = dir.path()});
     EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.out, testing::StartsWith("a.inp:1:1: error: directive '% maxcore' expects integer"));
+    EXPECT_THAT(run.out, testing::StartsWith("a.inp:1:11: error: directive '% maxcore' expects integer"));
     EXPECT_THAT(run.out, testing::Not(HasSubstr("unterminated")));
     EXPECT_EQ(run.err, "1 file checked: 1 error, 0 warnings; 1 file fixed\n");
 }

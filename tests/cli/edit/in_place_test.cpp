@@ -142,7 +142,7 @@ TEST(InPlace, PlacesANewErrorInTheTextThatWouldBeWritten) {
     const ProgramRun run = run_edit({"set", "-", "--directive", "nprocs=many"}, {.input = annotated});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.out, "");
-    EXPECT_THAT(run.err, HasSubstr("<stdin>:3:1: error: directive '% nprocs' expects integer, got 'many'."));
+    EXPECT_THAT(run.err, HasSubstr("<stdin>:3:11: error: directive '% nprocs' expects integer, got 'many'."));
     EXPECT_THAT(run.err, HasSubstr("    3 | %  nprocs many\n"));
 }
 
