@@ -12,7 +12,7 @@
 namespace velk::input::amesp {
 namespace {
 
-struct Kind {
+struct OddKind {
     char32_t first = 0;
     char32_t last = 0;
     std::string_view name;
@@ -20,7 +20,7 @@ struct Kind {
     bool turns_text = false;
 };
 
-constexpr auto kinds = std::to_array<Kind>({
+constexpr auto kinds = std::to_array<OddKind>({
     {0xA0, 0xA0, "no-break space", ' '},
     {0xAD, 0xAD, "soft hyphen"},
     {0x61C, 0x61C, "mark of writing direction"},
@@ -40,8 +40,8 @@ constexpr auto kinds = std::to_array<Kind>({
 
 constexpr char32_t full_width_offset = 0xFEE0;  // of the ASCII characters' full-width forms
 
-std::optional<Kind> kind_of(char32_t code) {
-    for (const Kind& kind : kinds) {
+std::optional<OddKind> kind_of(char32_t code) {
+    for (const OddKind& kind : kinds) {
         if (code >= kind.first && code <= kind.last) {
             return kind;
         }
@@ -50,7 +50,7 @@ std::optional<Kind> kind_of(char32_t code) {
     if (code > full_width_offset && code < full_width_offset + 0x7F) {
         const char plain = static_cast<char>(code - full_width_offset);
         if (forms.find(plain) != std::string_view::npos) {
-            return Kind{code, code, "full-width form", plain, false};
+            return OddKind{code, code, "full-width form", plain, false};
         }
     }
     return std::nullopt;
@@ -92,7 +92,7 @@ std::vector<OddCharacter> find_odd_characters(std::string_view text) {
     std::size_t offset = find_beyond_ascii(text);
     while (offset < text.size()) {
         const Character character = first_character(text.substr(offset));
-        if (const std::optional<Kind> kind = character.valid ? kind_of(character.code) : std::nullopt) {
+        if (const std::optional<OddKind> kind = character.valid ? kind_of(character.code) : std::nullopt) {
             found.push_back({offset, character.bytes, character.code, kind->name, kind->plain, kind->turns_text});
         }
         offset += character.bytes;

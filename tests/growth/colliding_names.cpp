@@ -31,8 +31,10 @@ std::uint64_t unmixed(std::uint64_t bytes) {
     return (bytes ^ bytes >> 47U) * inverse();
 }
 
+// Of bytes of 128 and above those that begin no character of UTF-8: no such name looks like what is invisible.
 bool stands_in_a_name(char c) {
-    return static_cast<unsigned char>(c) >= 0x80 || (c >= '0' && c <= '9') || (c >= '_' && c <= '~');
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte >= 0x80 && byte <= 0xC1) || byte >= 0xF5 || (c >= '0' && c <= '9') || (c >= '_' && c <= '~');
 }
 
 }  // namespace

@@ -111,7 +111,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Header{">xyz", {"--charge", "0", "--multiplicity", "1"}, ">xyz 0 1"},
                     Header{">xyz 7", {"--charge", "0", "--multiplicity", "1"}, ">xyz 0 1"},
                     Header{">xyz angstrom", {"--charge", "0", "--multiplicity", "1"}, ">xyz 0 1 angstrom"},
-                    Header{">xyz 0.5 1 a", {"--charge", "0"}, ">xyz 0 1 a"}));
+                    Header{">xyz 0.5 1 angstrom", {"--charge", "0"}, ">xyz 0 1 angstrom"}));
 
 TEST(SetHeader, IsRefusedWithoutAGeometryOrWithHalfOfIt) {
     const TempDir dir;
