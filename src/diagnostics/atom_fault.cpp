@@ -11,6 +11,7 @@
 
 #include "diagnostics/coordinate_words.hpp"
 #include "diagnostics/elements.hpp"
+#include "diagnostics/shown_name.hpp"
 #include "model/numbers.hpp"
 
 namespace velk::input::amesp {
@@ -19,10 +20,6 @@ namespace {
 using core::text::take_word;
 
 constexpr std::array<std::string_view, 3> axes = {"x", "y", "z"};
-
-std::string in_quotes(std::string_view word) {
-    return "'" + std::string(word) + "'";
-}
 
 bool is_real_with_point(std::string_view text) {
     return text.find('.') != std::string_view::npos && read_real(text).has_value();
@@ -40,8 +37,8 @@ AtomFault missing_columns(std::string_view line, std::string_view symbol, std::s
     if (is_real_with_point(tail)) {
         const bool is_all = tail.size() == symbol.size();
         return {symbol,
-                is_all ? "the symbol is missing before " + in_quotes(symbol)
-                       : in_quotes(symbol) + " is a symbol and a number grown together, write a blank between them",
+                is_all ? "the symbol is missing before " + shown_name(symbol)
+                       : shown_name(symbol) + " is a symbol and a number grown together, write a blank between them",
                 {},
                 {}};
     }
@@ -76,10 +73,11 @@ private:
     void read(std::string_view word) {
         CoordinateWord read = read_coordinate(word);
         if (!read.fault.empty() && !fault_) {
-            fault_ = AtomFault{word,
-                               "the " + std::string(axes[count_]) + " coordinate " + in_quotes(word) + " " + read.fault,
-                               {},
-                               numbers_};
+            fault_ =
+                AtomFault{word,
+                          "the " + std::string(axes[count_]) + " coordinate " + shown_name(word) + " " + read.fault,
+                          {},
+                          numbers_};
         }
         count_ += read.count;
         has_grown_ = has_grown_ || read.count > 1;

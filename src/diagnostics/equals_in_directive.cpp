@@ -49,9 +49,9 @@ std::optional<Written> written_with_equals(std::string_view line) {
     return found;
 }
 
-class Finder {
+class EqualsFinder {
 public:
-    explicit Finder(const DetectorInput& input) : input_(input) {}
+    explicit EqualsFinder(const DetectorInput& input) : input_(input) {}
 
     Detections run() {
         for (const Directive& directive : input_.document.directives) {
@@ -108,7 +108,7 @@ private:
 }  // namespace
 
 Detections find_equals_in_directives(const DetectorInput& input) {
-    return Finder(input).run();
+    return EqualsFinder(input).run();
 }
 
 }  // namespace velk::input::amesp

@@ -13,6 +13,7 @@
 #include "diagnostics/elements.hpp"
 #include "diagnostics/header_entries.hpp"
 #include "diagnostics/lines_of_text.hpp"
+#include "diagnostics/shown_name.hpp"
 #include "in_place/units.hpp"
 #include "model/key.hpp"
 #include "model/numbers.hpp"
@@ -23,10 +24,6 @@ namespace {
 using core::text::take_word;
 using core::text::trim_view;
 
-std::string in_quotes(std::string_view words) {
-    return "'" + std::string(words) + "'";
-}
-
 bool names_angstrom(std::string_view word) {
     constexpr std::array<std::string_view, 3> spellings = {"ang", "\u00c5", "\u212b"};
     const std::string lowered = normalize_key(word);
@@ -34,9 +31,9 @@ bool names_angstrom(std::string_view word) {
                        [&](std::string_view each) { return lowered.find(each) != std::string::npos; });
 }
 
-class Finder {
+class ExtraWordFinder {
 public:
-    explicit Finder(const DetectorInput& input) : input_(input) {}
+    explicit ExtraWordFinder(const DetectorInput& input) : input_(input) {}
 
     Detections run() {
         for (const Section& section : input_.document.sections) {
@@ -68,7 +65,7 @@ private:
         const HeaderEntries header = split_header(header_of(section), input_.schema.rules);
         if (header.entries.empty() && !header.has_end) {
             add(line_of(*section.location), header.words, Severity::warning,
-                in_quotes(header.words) + " after the name of the section is not read");
+                shown_name(header.words) + " after the name of the section is not read");
         }
     }
 
@@ -83,12 +80,12 @@ private:
         for (std::string_view word = take_word(rest); !word.empty(); word = take_word(rest)) {
             if (in_place::names_other_unit(word)) {
                 return add(line, word, Severity::error,
-                           in_quotes(word) + " is not read: the coordinates are taken in angstrom");
+                           shown_name(word) + " is not read: the coordinates are taken in angstrom");
             }
             is_read = is_read && names_angstrom(word);
         }
         if (!is_read) {
-            add(line, all, Severity::warning, in_quotes(all) + " after charge and multiplicity is not read");
+            add(line, all, Severity::warning, shown_name(all) + " after charge and multiplicity is not read");
         }
     }
 
@@ -99,7 +96,7 @@ private:
         const std::string_view symbol = take_word(rest);
         if (symbol.size() >= shortest_word && leading_letters(symbol).size() == symbol.size()) {
             return add(line, trim_view(input_.lines.raw(line)), Severity::error,
-                       in_quotes(symbol) +
+                       shown_name(symbol) +
                            " is no symbol of an element, but this line is read as an atom: a title "
                            "needs a '#' before it");
         }
@@ -112,17 +109,17 @@ private:
         }
         const std::string_view next = take_word(rest);
         if (!read_real(next)) {
-            return add(line, words, Severity::note, in_quotes(words) + " after the coordinates is not read");
+            return add(line, words, Severity::note, shown_name(words) + " after the coordinates is not read");
         }
         const bool is_shifted =
             read_int32(first) && third.find('.') != std::string_view::npos && next.find('.') != std::string_view::npos;
         if (is_shifted) {
             return add(line, first, Severity::warning,
-                       in_quotes(first) + " between symbol and coordinates is read as x, and " + in_quotes(next) +
+                       shown_name(first) + " between symbol and coordinates is read as x, and " + shown_name(next) +
                            " is not read");
         }
         add(line, words, Severity::warning,
-            in_quotes(words) + " after the coordinates is not read: is it a further coordinate?");
+            shown_name(words) + " after the coordinates is not read: is it a further coordinate?");
     }
 
     const DetectorInput& input_;
@@ -132,7 +129,7 @@ private:
 }  // namespace
 
 Detections find_extra_words(const DetectorInput& input) {
-    return Finder(input).run();
+    return ExtraWordFinder(input).run();
 }
 
 }  // namespace velk::input::amesp

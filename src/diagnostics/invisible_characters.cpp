@@ -68,9 +68,9 @@ Detected detection_of(const DetectorInput& input, std::size_t line, const Found&
     return detected;
 }
 
-class Finder {
+class InvisibleFinder {
 public:
-    explicit Finder(const DetectorInput& input) : input_(input) {}
+    explicit InvisibleFinder(const DetectorInput& input) : input_(input) {}
 
     Detections run() {
         const LineTable& lines = input_.lines;
@@ -176,7 +176,7 @@ private:
 }  // namespace
 
 Detections find_invisible_characters(const DetectorInput& input) {
-    return Finder(input).run();
+    return InvisibleFinder(input).run();
 }
 
 }  // namespace velk::input::amesp

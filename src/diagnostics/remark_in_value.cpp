@@ -30,9 +30,9 @@ Fix moved_up(const LineTable& lines, std::size_t line, std::string_view remark, 
             {{lines.begin_of(line), 0, std::move(comment)}, edit_of(lines, with_blanks, {})}};
 }
 
-class Finder {
+class RemarkFinder {
 public:
-    explicit Finder(const DetectorInput& input) : input_(input), tables_(input.schema.rules.tables()) {}
+    explicit RemarkFinder(const DetectorInput& input) : input_(input), tables_(input.schema.rules.tables()) {}
 
     Detections run() {
         for (const Directive& directive : input_.document.directives) {
@@ -105,7 +105,7 @@ private:
 }  // namespace
 
 Detections find_remarks_in_values(const DetectorInput& input) {
-    return Finder(input).run();
+    return RemarkFinder(input).run();
 }
 
 }  // namespace velk::input::amesp
