@@ -36,7 +36,7 @@ Detected detected(const DetectorInput& input, std::size_t line, std::string_view
 }
 
 void advise(Diagnostic& diagnostic, const std::string& numbers, std::vector<TextEdit> edits) {
-    diagnostic.help.push_back("write '>xyz " + numbers + "'");
+    diagnostic.help.emplace_back("write '>xyz " + numbers + "'");
     diagnostic.fixes.push_back(
         {"write charge and multiplicity as two integers", Applicability::likely, std::move(edits)});
 }

@@ -80,7 +80,7 @@ private:
             "A directive takes no '=': " + read + " is read as its " + (written.in_name ? "name." : "value."));
         const std::string name = input_.schema.rules.canonical_directive(written.name);
         found.diagnostic.subject = {"directive", {}, name};
-        found.diagnostic.help.push_back("write name and value with a blank between them");
+        found.diagnostic.help.emplace_back("write name and value with a blank between them");
         const bool will_be_right = is_value(spec, written.value) || !value_before_remark(spec, written.value).empty();
         if (will_be_right && !(written.in_name && is_there(name))) {
             found.diagnostic.fixes.push_back({"write a blank in place of the '='",
