@@ -182,7 +182,8 @@ NearNames& NameHinter::near_entries(const SectionSpec& section) {
 }
 
 std::string near_names(std::string_view name, const std::vector<std::string>& known) {
-    const std::vector<std::string_view> found = NearNames(known).nearest(name);
+    NearNames names(known);
+    const std::vector<std::string_view> found = names.nearest(name);
     return found.empty() ? std::string() : question(found);
 }
 

@@ -106,7 +106,7 @@ NearNames::NearNames(std::vector<std::string> known, std::size_t comparisons)
     }
 }
 
-std::vector<std::string_view> NearNames::nearest(std::string_view name) {
+std::vector<std::string_view> NearNames::nearest(std::string_view name) & {
     if (name.empty() || name.size() > longest_name) {
         return {};
     }

@@ -1,6 +1,7 @@
 // The known names nearest to a misspelt one.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -24,7 +25,7 @@ public:
 
     // Those that take the fewest insertions, deletions, substitutions and swaps of neighbours, at most two, or one
     // for a `name` of up to five letters, in ascending order. The views are into the known names.
-    std::vector<std::string_view> nearest(std::string_view name);
+    std::vector<std::string_view> nearest(std::string_view name) &;
 
 private:
     // The hash of what is left of a known name, and that name.
@@ -37,7 +38,8 @@ private:
 
     std::vector<std::vector<std::string>> by_length_;
     std::size_t comparisons_left_;
-    std::optional<std::vector<Rest>> rests_[most_deletions];  // after up to one and up to two; made when needed
+    std::array<std::optional<std::vector<Rest>>, most_deletions>
+        rests_;  // after up to one and up to two; made when needed
 };
 
 }  // namespace velk::input::amesp

@@ -41,8 +41,11 @@ std::optional<std::int64_t> atom_count(std::string_view text) {
 bool was_meant_as_atom(std::string_view line) {
     std::string_view rest = line;
     take_word(rest);
-    const auto takes_number = [&rest] { return read_real(take_word(rest)).has_value(); };
-    return (takes_number() && takes_number() && takes_number()) || resembles_atom(line);
+    int numbers = 0;
+    while (numbers < 3 && read_real(take_word(rest))) {
+        ++numbers;
+    }
+    return numbers == 3 || resembles_atom(line);
 }
 
 std::int64_t count_records(const LineTable& lines, std::size_t line, std::size_t stop) {

@@ -113,9 +113,12 @@ TEST(NearNames, AreNotLookedForWhereANameIsTooLong) {
 }
 
 TEST(NearNames, AreNoneWhereNoneAreKnown) {
-    EXPECT_THAT(NearNames({}).nearest("name"), IsEmpty());
-    EXPECT_THAT(NearNames({}, 0).nearest("name"), IsEmpty());
-    EXPECT_THAT(NearNames({"b", "a", "a", "bb"}, 0).nearest("c"), ElementsAre("a", "b"));
+    for (const std::size_t comparisons : {std::size_t{0}, always}) {
+        NearNames none({}, comparisons);
+        EXPECT_THAT(none.nearest("name"), IsEmpty());
+        NearNames twice({"b", "a", "a", "bb"}, comparisons);
+        EXPECT_THAT(twice.nearest("c"), ElementsAre("a", "b"));
+    }
 }
 
 }  // namespace
