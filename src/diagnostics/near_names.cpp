@@ -17,7 +17,7 @@ constexpr std::size_t longest_known = longest_name + most_edits;
 // `most` when there are more.
 std::size_t edit_distance(std::string_view a, std::string_view b, std::size_t most) {
     using Row = std::array<std::size_t, longest_known + 1>;
-    Row rows[3];
+    std::array<Row, 3> rows;
     std::iota(rows[0].begin(), rows[0].end(), std::size_t{0});
     std::size_t least_before = 0;
     for (std::size_t i = 1; i <= a.size(); ++i) {
