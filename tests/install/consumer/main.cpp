@@ -24,14 +24,14 @@ bool findings_work(const InputSchema& schema) {
     const bool is_fixed = diagnosis.diagnostics.size() == 1 && fixed.remaining.diagnostics.empty() &&
                           apply(text, fixed.edits) == fixed.text;
     const FileFindings file{"job.inp", text, diagnosis.diagnostics};
-    return is_fixed && text_report(file, false).starts_with("job.inp:2:1: error: ") &&
+    return is_fixed && text_report(file, false).starts_with("job.inp:4:1: error: ") &&
            json_report(file).find("\"fixes\":[{") != std::string::npos;
 }
 
 // An edit as an editor applies it.
 bool edits_work(const InputSchema& schema) {
     const std::string text = "% maxcore 1000\n";
-    AIPEditor editor(AIPParser::parse_string(text, schema).data, schema);
+    AIPEditor editor(AIPParser::parse_string(text, schema, {}).data, schema);
     editor.set_directive("maxcore", "1500");
     const TextEdits made = editor.text_edits(text);
     return made.edits == std::vector<TextEdit>{{11, 1, "5"}} && apply(text, made.edits) == "% maxcore 1500\n";
